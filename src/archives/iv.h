@@ -1,0 +1,42 @@
+// VAT rows of sales: one record for each VAT row of a sales invoice or customer credit note.
+// Primary key: the `pr` counter "iv" as numberText (one leading blank).
+#pragma once
+
+#include "archives/layout.h"
+
+namespace rec {
+
+struct iv {
+  std::string mese;        // month of the registration date, two digits
+  std::string numero;      // last five digits of the document number
+  std::string datadoc;     // dd/mm/yyyy
+  std::string conto;       // the customer
+  double imponibile = 0;
+  std::string codiva;
+  std::string aliquota;    // rate as numberText, taken from civa at posting
+  double imposta = 0;
+  std::string registro;
+  std::string chiavereg;   // registro + numero
+  std::string datareg;     // dd/mm/yyyy
+};
+
+}  // namespace rec
+
+template <> struct archives::Layout<rec::iv> {
+  static constexpr std::string_view prefix = "iv";
+  static constexpr int code = 5;
+  static constexpr std::tuple fields{
+      field("mese", &rec::iv::mese),
+      field("numero", &rec::iv::numero, {5}),
+      field("datadoc", &rec::iv::datadoc),
+      field("conto", &rec::iv::conto, {5}),
+      field("imponibile", &rec::iv::imponibile),
+      field("codiva", &rec::iv::codiva),
+      field("aliquota", &rec::iv::aliquota),
+      field("imposta", &rec::iv::imposta),
+      field("registro", &rec::iv::registro),
+      field("chiavereg", &rec::iv::chiavereg, {6}),
+      field("datareg", &rec::iv::datareg),
+  };
+  static_assert(formatOf(fields) == "$,x5$,$,x5$,#,$,$,#,$,x6$,$");
+};
