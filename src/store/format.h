@@ -56,6 +56,7 @@ class Decoder {
   std::int16_t int16();
   std::int32_t int32();
   std::size_t count(std::size_t atMost);
+  void skip(std::size_t bytes);
   bool failed() const { return failed_; }
   bool atEnd() const { return rest_.empty(); }
 
@@ -69,6 +70,7 @@ class Decoder {
 using Value = std::variant<std::string, double, std::int16_t, std::int32_t, std::vector<std::string>,
                            std::vector<double>, std::vector<std::int16_t>, std::vector<std::int32_t>>;
 std::vector<Value> unpack(const Format& format, std::string_view record);  // missing fields come out empty
+// Throws std::invalid_argument for values that are not of that format.
 std::string pack(const Format& format, const std::vector<Value>& values);
 
 // The index keys of a packed record, in the order of format.indexed: the first keyWidth characters each.
