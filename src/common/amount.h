@@ -8,9 +8,13 @@
 
 namespace common {
 
-double roundBalance(double amount);                   // floor(x * 100 + 0.5) / 100: balances and differences
-double cutVat(double amount);                         // floor((x + 0.005) * 100) / 100: computed VAT
-double vatOf(double taxable, double ratePercent);     // cutVat(taxable * rate / 100)
+// A computed product at its nearest value of eight decimals, or of the fewer ones that a double of its size
+// holds for certain (15 digits in all); from 10^14 on it stays as it is.
+double snapped(double product);
+
+double roundBalance(double amount);                // floor(x * 100 + 0.5) / 100: balances and differences
+double cutVat(double amount);                      // floor((x + 0.005) * 100) / 100: computed VAT
+double vatOf(double taxable, double ratePercent);  // cutVat(taxable * rate / 100)
 
 // Lire to Euro at `rate` Lire for one Euro (0 reads as 1): half up on the third decimal, what stands
 // beyond it is cut; the sign is kept.
@@ -22,13 +26,13 @@ inline constexpr double kEuroRate = 1936.27;
 // number, 0 for a text that does not begin with one. The first comma of the text itself becomes a point.
 double ParseDecimal(std::string& text);
 
-long CmToTwips(std::string text);                     // 1 cm = 567 twips
-std::string TwipsToCm(double twips);                  // "###0.00"
+long CmToTwips(std::string text);     // 1 cm = 567 twips, a half to the even one; within 32 bits
+std::string TwipsToCm(double twips);  // "###0.00"
 
 // The number that an entry field's Italian text stands for ("1.234,50"); 0 when it stands for none.
 double toNumber(std::string_view text);
 
-// "1.234,50": Italian separators, rounded half away from zero, -0 shown as 0.
+// "1.234,50": Italian separators, rounded half away from zero, -0 shown as 0; "?" for NaN and infinity.
 std::string toText(double value, int decimals = 2);
 
 }  // namespace common

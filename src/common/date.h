@@ -8,6 +8,7 @@
 
 namespace common {
 
+// Each takes a text of its full width; an empty one stays empty.
 std::string DateToKey(std::string_view date);       // dd/mm/yyyy -> yyyymmdd
 std::string KeyToDate(std::string_view key);        // yyyymmdd -> ddmmyyyy
 std::string SlashDate(std::string_view date);       // ddmmyyyy -> dd/mm/yyyy
@@ -23,7 +24,7 @@ bool dayExists(std::string_view date);
 bool isDateOf(std::string_view date, std::string_view year);  // dayExists, in that year of four digits
 bool isDate(std::string_view date);                           // dayExists, in the years 1900 to 2099
 
-// Days from one date dd/mm/yyyy to another, by the calendar; both must exist.
+// Days from one date dd/mm/yyyy to another, by the calendar; 0 when one of them is no date of it.
 int daysBetween(std::string_view from, std::string_view to);
 
 }  // namespace common

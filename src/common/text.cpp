@@ -80,6 +80,15 @@ std::string upper(std::string_view text) {
   return result;
 }
 
+bool isUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t size = validCharacter(text);
+    if (size == 0) return false;
+    text.remove_prefix(size);
+  }
+  return true;
+}
+
 std::string cleaned(std::string_view text, bool keepLines) {
   std::string result;
   result.reserve(text.size());
@@ -88,9 +97,12 @@ std::string cleaned(std::string_view text, bool keepLines) {
     const bool line = keepLines && (text[0] == '\n' || text[0] == '\t');
     const bool control = static_cast<unsigned char>(text[0]) < 0x20 || text[0] == 0x7F ||
                          (size == 2 && text[0] == '\xC2' && static_cast<unsigned char>(text[1]) < 0xA0);
-    if (size == 0) result += "\xEF\xBF\xBD";
-    else if (control && !line) result += ' ';
-    else result += text.substr(0, size);
+    if (size == 0)
+      result += "\xEF\xBF\xBD";
+    else if (control && !line)
+      result += ' ';
+    else
+      result += text.substr(0, size);
     text.remove_prefix(size ? size : 1);
   }
   return result;
@@ -107,7 +119,10 @@ double numberValue(std::string_view text) {
   const auto from = text.find_first_not_of(' ');
   if (from == std::string_view::npos) return 0;
   text.remove_prefix(from);
-  if (text.front() == '+') text.remove_prefix(1);
+  if (text.front() == '+') {
+    text.remove_prefix(1);
+    if (text.starts_with('-')) return 0;
+  }
   double value = 0;
   std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
   return std::isfinite(value) ? value : 0;

@@ -31,6 +31,8 @@ std::string trim(std::string_view text);
 // Upper case, the accented letters of Latin-1 included; every other byte stays as it is.
 std::string upper(std::string_view text);
 
+bool isUtf8(std::string_view text);
+
 // Valid UTF-8 without control characters: each byte that belongs to no character becomes U+FFFD,
 // each control character a blank. With `keepLines` the line feed and the tab stay.
 std::string cleaned(std::string_view text, bool keepLines = false);
