@@ -1,11 +1,16 @@
 // The redo log of groups: one file per company, <code>--.grp beside its archives.
 //
-// A header of two checked slots {magic, logid, tail_seq, applied_seq, tail_off}, written in turn, the newer valid
-// one counts; behind it records {magic, length, logid, seq, crc, entries}. Lock bytes beyond the end:
-// PRESENCE (shared by each running station), GROUP (the mutex of groups), LOG (the mutex of this file).
+// Its head is two slots {magic, crc, log, seq, last, tail}, written in turn by each commit, the newer valid
+// one counts, and a note {magic, crc, log, seq} of what has been applied; each in a block of its own, so that
+// no write that is cut short takes two of them along. Behind the head stand records {magic, crc, length, log,
+// seq, entries}. All numbers are little endian. `log` is drawn at random when the log is made or reset. `seq`
+// grows with each write of a slot and is never used twice under one `log`, as the archives remember it; a
+// record bears the seq of the slot that committed it, so that the seqs of the records grow, with gaps. Lock
+// bytes beyond the end: PRESENCE (shared by each running station), GROUP (the mutex of groups), LOG (the
+// mutex of this file).
 //
-// Only this file's own bytes are dealt with here; what the entries mean to an archive is the store's business,
-// which passes an `Apply` for them. No call waits for a lock but lockLog() and lockGroup().
+// Only this file's own bytes are dealt with here; what the entries mean to an archive is the store's
+// business. No call waits for a lock but open(), lockLog() and lockGroup(); kNotFound is never an answer.
 #pragma once
 
 #include <cstdint>
@@ -17,26 +22,26 @@
 
 namespace store {
 
-struct LogMark {                    // how far an archive has come: kept in the archive itself
+struct LogMark {  // how far an archive has come: kept in the archive itself
   std::uint64_t log = 0, seq = 0;
   bool operator==(const LogMark&) const = default;
 };
 
 struct LogOperation {
   bool erase = false;
-  std::string key, record;          // the full record; empty for erase
+  std::string key, record;  // the full record; empty for erase
 };
 
-struct LogEntry {                   // what a group does to one archive
-  std::string archive;              // its name without directory
-  std::string uuid;                 // of the family; another uuid there means it was restored or made anew
-  LogMark previous;                 // the mark that the archive must bear before this entry
+struct LogEntry {       // what a group does to one archive
+  std::string archive;  // its name without directory
+  std::string uuid;     // of the family; another uuid there means it was restored or made anew
+  LogMark previous;     // the mark that the archive must bear before this entry
   std::vector<LogOperation> operations;
 };
 
 struct LogRecord {
   LogMark mark;
-  std::vector<LogEntry> entries;    // in the order of archive names
+  std::vector<LogEntry> entries;  // in the order of archive names
 };
 
 class GroupLog {
@@ -46,40 +51,62 @@ class GroupLog {
   const std::string& path() const { return path_; }
   bool isOpen() const { return file_.isOpen(); }
 
-  // Opens the file, made with an empty, durable header when it is not there (mode 0600). Takes PRESENCE shared;
-  // `alone` tells whether no other station had it (asked for exclusively first, under LOG), which means that
-  // the whole log must be replayed. LOG stays held when alone is true, until the caller has recovered.
-  Code open(bool& alone);
-  void close();
+  // Opens the file, made with an empty, durable head when it is not there (mode 0600) or was left without
+  // one. Takes PRESENCE shared; `alone` tells whether no other station had it (asked for exclusively first,
+  // under LOG), which means that the whole log must be replayed. LOG stays held when alone is true, until the
+  // caller has recovered; a caller whose recovery fails closes the log instead, so that the next station is
+  // alone again. After a failure the log is closed.
+  Code open(LockWait wait, bool& alone);
+  void close();  // gives back PRESENCE, GROUP and LOG
 
+  // kSystem when the file at path() is no longer the one that is open (a company was removed, or made anew):
+  // close and open it again.
   Code lockGroup(LockWait wait);
   void unlockGroup();
   Code lockLog(LockWait wait);
   void unlockLog();
 
-  // One pread: whether some group was logged and not yet applied everywhere.
+  // One pread: whether some group was logged and not yet applied everywhere. True as well while another
+  // station is about it: ask again under LOG.
   Code pending(bool& yes);
 
-  // Under LOG. Appends the record behind the tail, then the header with the new tail, then fdatasync: when it
-  // returns kOk the group is committed. The record's mark is set here: this log's id, the next seq.
+  // Under LOG, with nothing pending. Appends the record behind the tail, then a slot with the new tail, then
+  // fdatasync: when it returns kOk the group is committed. The record's mark is set here. After a failure the
+  // record is taken back, and where the disk itself failed everything but close() answers kDisk from then on.
   Code append(LogRecord& record);
   // Under LOG: all records up to the tail are applied. Not flushed: a replay is harmless.
   Code markApplied();
-  // Under LOG: the records from the beginning of the log (`all`) or behind applied_seq, in order, each with the right
-  // logid and crc and a seq not above tail_seq; stops at the first that is not. fdatasync first.
+  // Under LOG: the records from the beginning of the log (`all`) or behind what was marked as applied, in
+  // order, each with the right log and crc and a seq above the one before and not above the tail's; stops at
+  // the first that is not, and takes the tail back to there, since what a later append puts behind it would
+  // never be found. fdatasync first.
   Code records(bool all, std::vector<LogRecord>& records);
-  // Under LOG, after every archive named in it has been synced: a new logid, fdatasync, truncate, in this order.
+  // Whether the last records(), or open(), found more missing than a commit that was cut short: groups that
+  // were committed may be lost to archives that a power cut has thrown back.
+  bool damaged() const { return damaged_; }
+  // Under LOG, after every archive named in it has been synced: a new `log`, fdatasync, truncate, in this
+  // order.
   Code reset();
 
-  std::uint64_t bytes() const { return tailOffset_; }  // of the log as last seen
+  std::uint64_t bytes() const { return tail_; }  // of the file, as last seen
 
  private:
-  struct Header;
-  Code readHeader(Header& header);
-  Code writeHeader(const Header& header);
+  struct Head;
+  Code attempt(LockWait& wait, bool& alone, bool& replaced);
+  Code lock(std::uint64_t byte, LockWait& wait);
+  Code enter(LockWait& wait, bool& alone);
+  Code readHead(Head& head);
+  Code writeSlot(Head& head);
+  Code initialise();
+  Code walk(Head& head, std::uint64_t behind, std::vector<LogRecord>& records);
+  Code sync();
+  void takeBack(const Head& before);
+
   std::string path_;
   LockFile file_;
-  std::uint64_t tailOffset_ = 0;
+  std::uint64_t tail_ = 0;
+  bool failed_ = false;  // the disk refused a flush: what it holds is not known until the log is opened again
+  bool damaged_ = false;
 };
 
 }  // namespace store

@@ -3,13 +3,17 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <string_view>
 
 #include "store/record_store.h"
 
 namespace store {
 
 // One descriptor of a lock file (O_CLOEXEC), owned by one station. The locks lie far beyond any data.
+//
+// A forked child shares the description and with it the locks: they fall when the last of both has closed it.
 class LockFile {
  public:
   LockFile() = default;
@@ -17,33 +21,40 @@ class LockFile {
   LockFile(LockFile&& other) noexcept;
   LockFile& operator=(LockFile&& other) noexcept;
 
-  // kOk or the code of the cause (store/errors.h). The file must exist.
-  Code open(const std::string& path);
-  void close();
+  // Opens for reading and writing; a file that was open before is closed. With `create` an empty file of mode
+  // 0600 is made where there is none. kOk or the code of the cause (store/errors.h).
+  Code open(const std::string& path, bool create = false);
+  void close();  // all its locks fall
   bool isOpen() const { return descriptor_ >= 0; }
   int descriptor() const { return descriptor_; }
 
-  // kOk: taken; kNotFound: held by another description; otherwise the code of the cause. Taking a byte that
-  // this description holds already changes its kind at once.
+  // kOk: taken; kNotFound: held by another description, nothing changed; otherwise the code of the cause.
+  // Taking a byte that this description holds already changes its kind at once, and one release() frees it
+  // however often it was taken.
   Code tryExclusive(std::uint64_t byte);
   Code tryShared(std::uint64_t byte);
-  Code release(std::uint64_t byte);
+  Code release(std::uint64_t byte);  // harmless when not held
 
  private:
+  Code change(short kind, std::uint64_t byte);
   int descriptor_ = -1;
 };
 
 // Where the lock of a record lies: a 62-bit hash of its key, beyond the bytes that PRESENCE and its kin use.
+// The same in every release, as stations of two releases may share a directory. Two keys may, very rarely,
+// share a byte: who counts his locks counts them by byte.
 std::uint64_t lockByte(std::string_view key);
 
 inline constexpr std::uint64_t kPresenceByte = (1ULL << 62) + 0;  // shared by each running station
 inline constexpr std::uint64_t kGroupByte = (1ULL << 62) + 1;     // the mutex of groups
 inline constexpr std::uint64_t kLogByte = (1ULL << 62) + 2;       // the mutex of the log file itself
 
-// Sleeps before a lock is tried again: 50 µs doubling to 1 ms; calls onWait after 300 ms, then every 100 ms.
+// Sleeps before a lock is tried again: 50 µs doubling to 1 ms; calls onWait after 300 ms of sleep, then every
+// 100 ms. Of one wait: made anew for the next. The function must outlive it.
 class LockWait {
  public:
   explicit LockWait(const std::function<void()>& onWait) : onWait_(onWait) {}
+  explicit LockWait(std::function<void()>&&) = delete;
   void once();
 
  private:

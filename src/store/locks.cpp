@@ -1,0 +1,81 @@
+#include "store/locks.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <thread>
+#include <utility>
+
+#include "store/errors.h"
+
+namespace store {
+
+LockFile::~LockFile() { close(); }
+
+LockFile::LockFile(LockFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+LockFile& LockFile::operator=(LockFile&& other) noexcept {
+  std::swap(descriptor_, other.descriptor_);
+  if (this != &other) other.close();
+  return *this;
+}
+
+Code LockFile::open(const std::string& path, bool create) {
+  close();
+  do {
+    descriptor_ = ::open(path.c_str(), O_RDWR | O_CLOEXEC | (create ? O_CREAT : 0), 0600);
+  } while (descriptor_ < 0 && errno == EINTR);
+  return descriptor_ < 0 ? codeOfErrno(errno) : kOk;
+}
+
+void LockFile::close() {
+  if (descriptor_ >= 0) ::close(std::exchange(descriptor_, -1));
+}
+
+Code LockFile::change(short kind, std::uint64_t byte) {
+  struct flock lock {};
+  lock.l_type = kind;
+  lock.l_whence = SEEK_SET;
+  lock.l_start = static_cast<off_t>(byte);
+  lock.l_len = 1;
+  int result = 0;
+  do {
+    result = ::fcntl(descriptor_, F_OFD_SETLK, &lock);
+  } while (result < 0 && errno == EINTR);
+  if (result == 0) return kOk;
+  // Some network file systems answer EACCES for a lock that another one holds.
+  if (errno == EAGAIN || errno == EACCES) return kNotFound;
+  return codeOfErrno(errno);
+}
+
+Code LockFile::tryExclusive(std::uint64_t byte) { return change(F_WRLCK, byte); }
+Code LockFile::tryShared(std::uint64_t byte) { return change(F_RDLCK, byte); }
+Code LockFile::release(std::uint64_t byte) { return change(F_UNLCK, byte); }
+
+std::uint64_t lockByte(std::string_view key) {
+  std::uint64_t hash = 0xCBF29CE484222325;  // FNV-1a, 64 bits
+  for (const char byte : key) {
+    hash ^= static_cast<unsigned char>(byte);
+    hash *= 0x100000001B3;
+  }
+  hash ^= hash >> 32;
+  constexpr std::uint64_t kReserved = 16;  // the bytes of PRESENCE and its kin
+  constexpr std::uint64_t kRoom = (1ULL << 62) - kReserved;
+  return (1ULL << 62) + kReserved + hash % kRoom;
+}
+
+void LockWait::once() {
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point start = Clock::now();
+  std::this_thread::sleep_for(std::chrono::microseconds(nap_));
+  waitedMicroseconds_ += std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start).count();
+  nap_ = std::min<std::int64_t>(nap_ * 2, 1000);
+  if (waitedMicroseconds_ < nextCall_) return;
+  nextCall_ = waitedMicroseconds_ + 100'000;
+  if (onWait_) onWait_();
+}
+
+}  // namespace store
