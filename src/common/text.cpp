@@ -80,6 +80,18 @@ std::string upper(std::string_view text) {
   return result;
 }
 
+std::string lower(std::string_view text) {
+  std::string result(text);
+  for (std::size_t i = 0; i < result.size(); ++i) {
+    if (result[i] >= 'A' && result[i] <= 'Z') result[i] = static_cast<char>(result[i] - 'A' + 'a');
+    // The other way round: the sign of multiplication stands among the capitals.
+    const auto byte = static_cast<unsigned char>(result[i]);
+    if (i > 0 && result[i - 1] == '\xC3' && byte >= 0x80 && byte <= 0x9E && byte != 0x97)
+      result[i] = static_cast<char>(byte + 0x20);
+  }
+  return result;
+}
+
 bool isUtf8(std::string_view text) {
   while (!text.empty()) {
     const std::size_t size = validCharacter(text);

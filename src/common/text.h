@@ -28,8 +28,9 @@ std::string zeroFill(long long number, std::size_t width);
 // Without the blanks at both ends.
 std::string trim(std::string_view text);
 
-// Upper case, the accented letters of Latin-1 included; every other byte stays as it is.
+// Upper and lower case, the accented letters of Latin-1 included; every other byte stays as it is.
 std::string upper(std::string_view text);
+std::string lower(std::string_view text);
 
 bool isUtf8(std::string_view text);
 

@@ -17,6 +17,7 @@ TEST_CASE("widths count characters, not bytes") {
 
 TEST_CASE("upper case knows the accented letters and leaves the rest") {
   CHECK(upper("perché no? ÷ €") == "PERCHÉ NO? ÷ €");
+  CHECK(lower("PERCHÉ NO? × €") == "perché no? × €");
   CHECK(trim("  a b  ") == "a b");
   CHECK(trim("   ").empty());
 }
