@@ -1,5 +1,5 @@
-// The typed handle of an archive: B receives what is read, A is filled and written. One shape for every archive
-// of the system; the caller reports through RecordStore::CheckArchiveResult after each call.
+// The typed handle of an archive: B receives what is read, A is filled and written. One shape for every
+// archive of the system; the caller reports through RecordStore::CheckArchiveResult after each call.
 #pragma once
 
 #include <string>
@@ -10,7 +10,8 @@
 
 namespace archives {
 
-template <class R> class Archive {
+template <class R>
+class Archive {
  public:
   static constexpr int code = Layout<R>::code;  // of the failure boxes, 1 to 36
 
@@ -22,7 +23,7 @@ template <class R> class Archive {
   Archive& operator=(const Archive&) = delete;
 
   R A{}, B{};
-  const std::string& indexKey() const { return found_.indexKey; }      // of the last record delivered
+  const std::string& indexKey() const { return found_.indexKey; }  // of the last record delivered
   const std::string& primaryKey() const { return found_.primaryKey; }
 
   bool isOpen() const { return handle_ != 0; }

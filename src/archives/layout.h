@@ -13,17 +13,24 @@
 
 namespace archives {
 
-template <class T> constexpr char kMark = 0;
-template <> constexpr char kMark<std::string> = '$';
-template <> constexpr char kMark<double> = '#';
-template <> constexpr char kMark<std::int16_t> = '%';
-template <> constexpr char kMark<std::int32_t> = '&';
+template <class T>
+inline constexpr char kMark = 0;
+template <>
+inline constexpr char kMark<std::string> = '$';
+template <>
+inline constexpr char kMark<double> = '#';
+template <>
+inline constexpr char kMark<std::int16_t> = '%';
+template <>
+inline constexpr char kMark<std::int32_t> = '&';
 
-template <class T> struct Shape {
+template <class T>
+struct Shape {
   using element = T;
   static constexpr int count = 0;
 };
-template <class T, std::size_t N> struct Shape<std::array<T, N>> {
+template <class T, std::size_t N>
+struct Shape<std::array<T, N>> {
   using element = T;
   static constexpr int count = static_cast<int>(N);
 };
@@ -33,14 +40,15 @@ struct Indexed {
   char mark = 'x';
 };
 
-template <class R, class T> struct Field {
+template <class R, class T>
+struct Field {
   std::string_view name;
-  T R::* member;
+  T R::*member;
   Indexed index;
 };
 
 template <class R, class T>
-constexpr Field<R, T> field(std::string_view name, T R::* member, Indexed index = {}) {
+constexpr Field<R, T> field(std::string_view name, T R::*member, Indexed index = {}) {
   static_assert(kMark<typename Shape<T>::element> != 0, "no archive descriptor for this type");
   return {name, member, index};
 }
@@ -54,10 +62,21 @@ struct FormatText {
     if (n >= 10) put(n / 10);
     put(static_cast<char>('0' + n % 10));
   }
-  constexpr bool operator==(std::string_view other) const { return std::string_view(chars, size) == other; }
+  // Commas aside: "##" is the same list as "#,#", and no descriptor reads otherwise without them.
+  constexpr bool operator==(std::string_view other) const {
+    std::size_t at = 0;
+    for (const char c : std::string_view(chars, static_cast<std::size_t>(size))) {
+      if (c == ',') continue;
+      while (at < other.size() && other[at] == ',') ++at;
+      if (at == other.size() || other[at++] != c) return false;
+    }
+    while (at < other.size() && other[at] == ',') ++at;
+    return at == other.size();
+  }
 };
 
-template <class... F> constexpr FormatText formatOf(const std::tuple<F...>& fields) {
+template <class... F>
+constexpr FormatText formatOf(const std::tuple<F...>& fields) {
   FormatText text;
   auto add = [&]<class R, class T>(const Field<R, T>& f) {
     if (text.size) text.put(',');
@@ -75,12 +94,15 @@ template <class... F> constexpr FormatText formatOf(const std::tuple<F...>& fiel
   return text;
 }
 
-// Each record specializes this beside its struct: `static constexpr std::tuple fields{...};`, the archive's
-// prefix and its code in the failure boxes.
-template <class R> struct Layout;
+// Each record specializes this beside its struct: the archive's `prefix`, its `code` in the failure boxes,
+// its `format` string as the archive is created with it, and `static constexpr std::tuple fields{...};`.
+template <class R>
+struct Layout;
 
-template <class R> void encode(const R& record, std::string& packed);
-template <class R> bool decode(std::string_view packed, R& record);  // false: the bytes do not fit
+template <class R>
+void encode(const R& record, std::string& packed);
+template <class R>
+bool decode(std::string_view packed, R& record);  // false: the bytes do not fit
 
 namespace detail {
 
@@ -88,7 +110,8 @@ inline void put(store::Encoder& out, const std::string& value) { out.text(value)
 inline void put(store::Encoder& out, double value) { out.number(value); }
 inline void put(store::Encoder& out, std::int16_t value) { out.int16(value); }
 inline void put(store::Encoder& out, std::int32_t value) { out.int32(value); }
-template <class T, std::size_t N> void put(store::Encoder& out, const std::array<T, N>& values) {
+template <class T, std::size_t N>
+void put(store::Encoder& out, const std::array<T, N>& values) {
   std::size_t used = N;
   while (used && values[used - 1] == T{}) --used;
   out.count(used);
@@ -99,7 +122,8 @@ inline void get(store::Decoder& in, std::string& value) { value = in.text(); }
 inline void get(store::Decoder& in, double& value) { value = in.number(); }
 inline void get(store::Decoder& in, std::int16_t& value) { value = in.int16(); }
 inline void get(store::Decoder& in, std::int32_t& value) { value = in.int32(); }
-template <class T, std::size_t N> void get(store::Decoder& in, std::array<T, N>& values) {
+template <class T, std::size_t N>
+void get(store::Decoder& in, std::array<T, N>& values) {
   const std::size_t used = in.count(N);
   for (std::size_t i = 0; i < used; ++i) get(in, values[i]);
   for (std::size_t i = used; i < N; ++i) values[i] = T{};
@@ -107,12 +131,14 @@ template <class T, std::size_t N> void get(store::Decoder& in, std::array<T, N>&
 
 }  // namespace detail
 
-template <class R> void encode(const R& record, std::string& packed) {
+template <class R>
+void encode(const R& record, std::string& packed) {
   store::Encoder out(packed);
   std::apply([&](const auto&... f) { (detail::put(out, record.*(f.member)), ...); }, Layout<R>::fields);
 }
 
-template <class R> bool decode(std::string_view packed, R& record) {
+template <class R>
+bool decode(std::string_view packed, R& record) {
   store::Decoder in(packed);
   std::apply([&](const auto&... f) { (detail::get(in, record.*(f.member)), ...); }, Layout<R>::fields);
   return !in.failed();
