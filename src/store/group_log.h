@@ -77,12 +77,13 @@ class GroupLog {
   // Under LOG: all records up to the tail are applied. Not flushed: a replay is harmless.
   Code markApplied();
   // Under LOG: the records from the beginning of the log (`all`) or behind what was marked as applied, in
-  // order, each with the right log and crc and a seq above the one before and not above the tail's; stops at
-  // the first that is not, and takes the tail back to there, since what a later append puts behind it would
-  // never be found. fdatasync first.
+  // order, each with the right log and crc and a seq above the one before and not above the tail's. fdatasync
+  // first. A last record that is not whole was a commit cut short: the tail is taken back to before it, since
+  // what a later append puts behind it would never be found.
   Code records(bool all, std::vector<LogRecord>& records);
-  // Whether the last records(), or open(), found more missing than a commit that was cut short: groups that
-  // were committed may be lost to archives that a power cut has thrown back.
+  // Whether the last records(), or open(), met more damage than a commit that was cut short: of the records
+  // that follow it only the last is found, and groups that were committed may be lost to archives that
+  // a power cut has thrown back. Tell the user, then sync the archives and reset the log.
   bool damaged() const { return damaged_; }
   // Under LOG, after every archive named in it has been synced: a new `log`, fdatasync, truncate, in this
   // order.
@@ -92,15 +93,16 @@ class GroupLog {
 
  private:
   struct Head;
-  Code attempt(LockWait& wait, bool& alone, bool& replaced);
+  struct Walk;
   Code lock(std::uint64_t byte, LockWait& wait);
-  Code enter(LockWait& wait, bool& alone);
+  bool isCurrent() const;
+  Code enter(bool& alone);
   Code readHead(Head& head);
-  Code writeSlot(Head& head);
   Code initialise();
-  Code walk(Head& head, std::uint64_t behind, std::vector<LogRecord>& records);
+  Code walk(const Head& head, std::uint64_t behind, Walk& found);
+  Code commitSlot(const Head& slot);
+  void undo(const Head& before, const Head& failed);
   Code sync();
-  void takeBack(const Head& before);
 
   std::string path_;
   LockFile file_;
