@@ -19,51 +19,80 @@ struct Row {
   std::string indexKey, primaryKey, record;
 };
 
-enum class Way { forward, backward };
+// Rows read ahead. It keeps the memory of its rows when it is emptied: a scan fills it again and again.
+class RowBatch {
+ public:
+  std::size_t size() const { return used_; }
+  const Row& operator[](std::size_t i) const { return rows_[i]; }
+  void clear() { used_ = 0; }
+  Row& add() {
+    if (used_ == rows_.size()) rows_.emplace_back();
+    return rows_[used_++];
+  }
 
-// Where a scan stands on one index: a key with its primary key, or one of the two ends.
-struct Place {
-  enum class At { start, key, end } at = At::start;
-  std::string key, primaryKey;
-  bool inclusive = false;           // with At::key: a row exactly there is delivered, too
+ private:
+  std::vector<Row> rows_;
+  std::size_t used_ = 0;
 };
 
-class Table {                       // one open archive
+enum class Way { forward, backward };
+
+// Where a scan stands on one index.
+struct Place {
+  enum class At {
+    start,   // before the first row
+    before,  // just before the first row whose key is `key` or greater
+    on,      // on the row (key, primaryKey), which may have gone since
+    end      // behind the last row
+  };
+  At at = At::start;
+  std::string key, primaryKey;
+};
+
+// One open archive. Single-threaded; other tables on the same files, in this process or another, are seen
+// and see this one's writes at once.
+class Table {
  public:
   virtual ~Table() = default;
   virtual const Format& format() const = 0;
   virtual int keyLength() const = 0;
-  virtual const std::string& uuid() const = 0;
+  virtual const std::string& uuid() const = 0;  // of this family of files; a new one with each create
 
   virtual Code find(std::string_view primaryKey, std::string& record) = 0;  // kNotFound
-  // The first row on `index` whose key is `key` exactly; kNotFound.
-  virtual Code findByIndex(int index, std::string_view key, Row& row) = 0;
-  // At most `limit` rows beyond `place` in that direction; fewer at the end of the index.
-  virtual Code read(int index, const Place& place, Way way, std::size_t limit, std::vector<Row>& rows) = 0;
+  // The rows beyond `place` in that direction, ordered by key, then primary key: at most `limit`, fewer when
+  // they are large. `atEnd`: no row stands behind the last one delivered.
+  virtual Code read(int index, const Place& place, Way way, std::size_t limit, RowBatch& rows,
+                    bool& atEnd) = 0;
 
   // Changes with every write to the archive, own or foreign; cheap enough for each step of a scan.
   virtual Code token(std::uint64_t& value) = 0;
 
-  // All operations as one transaction. With a mark, it is stored in the same transaction.
-  virtual Code apply(const std::vector<LogOperation>& operations, const LogMark* mark) = 0;
-  // One write with its condition, as one transaction: kExists for an add that is there, kNotFound for a rewrite
-  // or an erase that is not.
+  // All operations as one transaction, together with the mark.
+  virtual Code apply(const std::vector<LogOperation>& operations, const LogMark& mark) = 0;
+  // One write with its condition, as one transaction: kExists for an add that is there, kNotFound for a
+  // rewrite or an erase that is not. kDisk for a record that does not fit the format.
   virtual Code put(std::string_view primaryKey, std::string_view record, Put mode) = 0;
   virtual Code erase(std::string_view primaryKey) = 0;
 
-  virtual Code mark(LogMark& mark) = 0;
-  virtual Code flush() = 0;         // what was written is durable when it returns kOk
-  virtual bool stale() = 0;         // another station has removed or replaced the files since the opening
+  virtual Code mark(LogMark& mark) = 0;  // of the last apply; {} in a new archive
+  virtual Code flush() = 0;              // what put and erase wrote here is durable when it returns kOk
+  virtual Code settle() = 0;             // as flush, for what any station wrote or applied
+  virtual bool stale() const = 0;        // the files were removed or replaced since the opening
+  virtual bool broken() const = 0;       // a flush has failed: kDisk until it is opened again
 };
 
+// `stem` is the archive's path without extension.
 class Engine {
  public:
   virtual ~Engine() = default;
+  // Durable when it returns kOk. kSystem when the archive is there already.
   virtual Code create(const std::string& stem, int keyLength, const std::string& format) = 0;
-  virtual Code kill(const std::string& stem) = 0;
-  virtual Code open(const std::string& stem, std::unique_ptr<Table>& table) = 0;
+  virtual Code kill(const std::string& stem) = 0;  // kSystem when nothing of it is there
+  virtual bool exists(const std::string& stem) const = 0;
+  virtual Code open(const std::string& stem, std::unique_ptr<Table>& table) = 0;  // kSystem: not there
 };
 
-std::unique_ptr<Engine> makeEmbeddedEngine();
+// `onWait` is called while another station's write is waited for: after 300 ms, then every 100 ms.
+std::unique_ptr<Engine> makeEmbeddedEngine(std::function<void()> onWait = {});
 
 }  // namespace store

@@ -1,0 +1,39 @@
+// The three files of an archive as the embedded engine keeps them.
+#pragma once
+
+#include <string>
+
+#include "store/record_store.h"
+
+namespace store::embedded {
+
+struct Family {
+  explicit Family(const std::string& stem)
+      : descriptor(stem + ".ISM"), database(stem + ".ISD"), journal(stem + ".ISF") {}
+
+  std::string descriptor;  // what the archive is, in three lines; the record locks lie far beyond its end
+  std::string database;    // the records and their indexes
+  std::string journal;     // of the database; it may be empty
+
+  // Beside the database while a station has the archive open, and after a crash.
+  std::string shared() const { return database + "-shm"; }
+
+  // All three are there, and the descriptor is written, which a creation does last.
+  bool isWhole() const;
+
+  // Removes what there is of them, the descriptor first, so that no half of an archive counts as one.
+  // kSystem when there is nothing.
+  Code remove() const;
+};
+
+// What the descriptor tells: a line for the curious, the key length, the format string.
+struct Descriptor {
+  int keyLength = 0;
+  std::string format;
+};
+std::string textOf(const Descriptor& descriptor);
+
+// Makes the name of a new file certain on the disk.
+Code syncDirectoryOf(const std::string& path);
+
+}  // namespace store::embedded

@@ -1,0 +1,71 @@
+#include "store/record_store.h"
+
+#include "store/check.h"
+#include "store/station.h"
+
+namespace store {
+
+RecordStore::RecordStore(StoreOptions options) : impl_(std::make_unique<Impl>(std::move(options))) {}
+RecordStore::~RecordStore() = default;
+
+Code RecordStore::VmxCreate(const std::string& stem, int keyLength, const std::string& format) {
+  return LastArchiveResult = impl_->engine->create(stem, keyLength, format);
+}
+
+Code RecordStore::VmxKill(const std::string& stem) { return LastArchiveResult = impl_->kill(stem); }
+
+Code RecordStore::VmxOpen(const std::string& stem, Handle& handle) {
+  return LastArchiveResult = impl_->open(stem, handle);
+}
+
+Code RecordStore::VmxClose(Handle handle) { return LastArchiveResult = impl_->close(handle); }
+
+Code RecordStore::VmxFlush(Handle handle) { return LastArchiveResult = impl_->flush(handle); }
+
+Code RecordStore::VmxBOF(Handle handle, int index) {
+  return LastArchiveResult = impl_->stand(handle, index, &Cursor::toStart);
+}
+
+Code RecordStore::VmxEOF(Handle handle, int index) {
+  return LastArchiveResult = impl_->stand(handle, index, &Cursor::toEnd);
+}
+
+Code RecordStore::VmxGet(Handle handle, int index, Get mode, std::string_view key, Found& found) {
+  return LastArchiveResult = impl_->get(handle, index, mode, key, found);
+}
+
+Code RecordStore::VmxPut(Handle handle, std::string_view primaryKey, std::string_view record, Put mode) {
+  return LastArchiveResult = impl_->put(handle, primaryKey, record, mode);
+}
+
+Code RecordStore::VmxDelete(Handle handle, std::string_view primaryKey) {
+  return LastArchiveResult = impl_->erase(handle, primaryKey);
+}
+
+Code RecordStore::VmxLock(Handle handle, std::string_view primaryKey) {
+  return LastArchiveResult = impl_->lock(handle, primaryKey);
+}
+
+Code RecordStore::VmxUnlock(Handle handle, std::string_view primaryKey) {
+  return LastArchiveResult = impl_->unlock(handle, primaryKey);
+}
+
+void RecordStore::spinLock(Handle handle, std::string_view primaryKey) {
+  while (VmxLock(handle, primaryKey) == kNotFound) {
+  }
+}
+
+const Format& RecordStore::formatOf(Handle handle) const {
+  static const Format none;
+  const OpenArchive* archive = impl_->find(handle);
+  return archive ? archive->member->table->format() : none;
+}
+
+Code RecordStore::settle() { return LastArchiveResult = kOk; }
+
+void RecordStore::CheckArchiveResult(Operation operation, int archive, int position) {
+  if (LastArchiveResult == kOk || !impl_->options.onFailure) return;
+  impl_->options.onFailure(describeFailure(LastArchiveResult, operation, archive, position));
+}
+
+}  // namespace store
