@@ -1,5 +1,6 @@
-// The session of one station: where the archives lie, which company and year are open, the parameters, and the
-// ways to everything that a form needs: the archives held open, the desk of the host, the log, other units.
+// The session of one station: where the archives lie, which company and year are open, the parameters, and
+// the ways to everything that a form needs: the archives held open, the desk of the host, the log, other
+// units.
 //
 // Passed by reference; there is no global state, so that two stations live in one process (tests do).
 #pragma once
@@ -37,11 +38,16 @@ struct Unit {
 struct SessionOptions {
   std::filesystem::path dataDirectory;     // of the archives, when no file `rr` says otherwise
   std::filesystem::path programDirectory;  // where `rr` lies
-  std::filesystem::path offeredData;       // what a new installation holds (the project's data/)
+  std::filesystem::path offeredData;       // the tables that a new installation is filled with (data/)
   common::Clock clock;
 };
 
 class Session {
+  // Before the archives, which report through them until they are gone.
+  SessionOptions options_;
+  ui::Desk& desk_;
+  std::span<const Unit> units_;
+
  public:
   Session(SessionOptions options, ui::Desk& desk, std::span<const Unit> units);
   ~Session();
@@ -49,25 +55,25 @@ class Session {
   Session& operator=(const Session&) = delete;
 
   // --- the state that all forms share ---
-  std::string DataDirectory;          // with a trailing separator
+  std::string DataDirectory;  // with a trailing separator
   std::string ServerProgramPath;
-  std::string CompanyCode;            // two letters; empty when no company is open
-  std::string CompanyName;
-  std::string WorkYear;               // four digits
-  std::string YearDateMask;           // "__/__/" + WorkYear
-  std::string YearStartDate;          // 01/01/ + WorkYear
-  std::string CurrentWarehouse;       // two digits
+  std::string CompanyCode;       // two letters; empty when no company is open
+  std::string CompanyName;       // of the company last opened: what `www` keeps
+  std::string WorkYear;          // four digits
+  std::string YearDateMask;      // "__/__/" + WorkYear
+  std::string YearStartDate;     // 01/01/ + WorkYear
+  std::string CurrentWarehouse;  // two digits
   std::int16_t WarehouseCount = 0;
-  std::string TodayText;              // dd/mm/yyyy, taken once at start-up
+  std::string TodayText;  // dd/mm/yyyy, taken once at start-up
   std::string CurrentUser;
   std::string PrintFontName;
-  int PrintSize = 0;                  // points
-  int PageLength = 0;                 // lines
+  int PrintSize = 0;                       // points
+  int PageLength = 0;                      // lines
   std::array<std::string, 13> MonthNames;  // 1 to 12
   double EuroRate = 0;
   bool ExitBackupRequested = false;
-  int AgentMode = 0;                  // 1: the supplier screens serve agents
-  std::string LastRegisteredName;     // what RCLIENT3 and RFORN3 hand back
+  int AgentMode = 0;               // 1: the supplier screens serve agents
+  std::string LastRegisteredName;  // what RCLIENT3 and RFORN3 hand back
 
   // --- the archives held open: dataz and civa for the run, the others for the open company ---
   store::RecordStore store;
@@ -76,8 +82,9 @@ class Session {
   archives::Archive<rec::ct> ct{store};
   archives::Archive<rec::pc> pc{store};
   archives::Archive<rec::pr> pr{store};
-  rec::param param;                   // read at start-up, refreshed by PARGES
+  rec::param param;  // read at start-up, refreshed by PARGES
 
+  bool isCompanyOpen() const { return !CompanyCode.empty(); }
   const SessionOptions& options() const { return options_; }
   const common::Clock& clock() const { return options_.clock; }
   ui::Desk& desk() const { return desk_; }
@@ -101,21 +108,23 @@ class Session {
 
   // --- units ---
   bool knows(std::string_view unit) const;
-  std::unique_ptr<ui::Form> make(std::string_view unit);   // the unit must be known
+  std::unique_ptr<ui::Form> make(std::string_view unit);  // the unit must be known
   // Opens a unit's form beside the others; one that stands open comes to the front.
   void open(std::string_view unit);
   // Runs a unit's form as a modal step; returns when it has closed.
   void run(std::string_view unit);
 
+  // How a store of this station reports and waits: for one that lives for a single operation.
+  store::StoreOptions storeOptions();
+
  private:
-  SessionOptions options_;
-  ui::Desk& desk_;
-  std::span<const Unit> units_;
+  void showFailure(const store::ArchiveFailure& failure);
 };
 
 // Opens an archive for one operation and closes it on every path, both reported with the archive's code and
 // these two positions: `OpenArchive<rec::mc> mc(session, 1210, 1211); mc->search(...)`.
-template <class R> class OpenArchive {
+template <class R>
+class OpenArchive {
  public:
   OpenArchive(Session& session, int openPosition, int closePosition)
       : session_(session), closePosition_(closePosition), archive_(session.store) {

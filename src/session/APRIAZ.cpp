@@ -1,0 +1,78 @@
+// Apertura archivi nuova azienda.
+#include "common/text.h"
+#include "session/checks.h"
+#include "session/company.h"
+#include "session/forms.h"
+#include "session/new_company.h"
+#include "ui/form.h"
+
+namespace tarvex {
+namespace {
+
+using namespace ui;
+
+class Apriaz : public Form {
+ public:
+  explicit Apriaz(Session& session);
+  Layout layout() const override;
+
+ private:
+  void confirm();
+  NewCompany typed() const;
+  void refuseYear();
+  void tellWhy(Slot slot);
+
+  Session& session_;
+  Field text1{*this, "text1", "&Ragione sociale:", Mask::text(40)};
+  Field text2{*this, "text2", "&Indirizzo:", Mask::text(40)};
+  Field text3{*this, "text3", "&Città:", Mask::text(40)};
+  Field text4{*this, "text4", "&Partita iva:", Mask::text(16)};
+  Field text5{*this, "text5", "Anno conta&bile:", Mask::digits(4)};
+  Button ok{*this, "ok", "&OK", Button::Role::main};
+  Button annulla{*this, "annulla", "&Annulla", Button::Role::cancel};
+};
+
+Apriaz::Apriaz(Session& session)
+    : Form(session.desk(), "APRIAZ", "Apertura archivi nuova azienda"), session_(session) {
+  ok.onPress = [this] { confirm(); };
+  annulla.onPress = [this] { close(); };
+}
+
+Layout Apriaz::layout() const {
+  return column(
+      {row({text1}), row({text2}), row({text3}), row({text4}), row({text5}), buttons({ok, annulla})});
+}
+
+NewCompany Apriaz::typed() const {
+  return {common::trim(text1.text()), text2.text(), text3.text(), text4.text(), text5.text()};
+}
+
+void Apriaz::confirm() {
+  if (text5.number() < kFirstYear || text5.number() > kLastYear) return refuseYear();
+  const NewCompany company = typed();
+  if (company.name.empty()) return desk().refuse("La ragione sociale non è stata inserita", text1);
+  std::string code;
+  const Slot slot = takeSlot(session_, company, code);
+  if (slot != Slot::taken) return tellWhy(slot);
+  const Busy busy(desk());
+  makeCompany(session_, company, code);
+  close();
+}
+
+void Apriaz::refuseYear() {
+  desk().beep();
+  text5.focus();
+}
+
+void Apriaz::tellWhy(Slot slot) {
+  if (slot == Slot::nameExists) return desk().refuse("Archivi già creati", text1);
+  if (slot != Slot::noneFree) return;
+  desk().beep();
+  desk().show({"Non si possono aprire più aziende", std::string(kProduct), Ask::ok, Icon::warning});
+}
+
+}  // namespace
+
+std::unique_ptr<ui::Form> makeApriaz(Session& session) { return std::make_unique<Apriaz>(session); }
+
+}  // namespace tarvex
