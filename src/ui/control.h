@@ -73,6 +73,7 @@ class Field : public Control {  // one line of text, entered through a mask
   std::string shown() const { return mask_.shown(edit_.text); }
   bool empty() const { return mask_.isBlank(edit_.text); }
   double number() const;
+  const std::string& typed() const { return completed_ ? typed_ : edit_.text; }  // without the completion
   void setText(std::string_view text);  // made clean; an empty text is the mask's blank
   void setNumber(double value, int decimals = 2);
   void clear() { setText({}); }

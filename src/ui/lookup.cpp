@@ -101,16 +101,19 @@ Found firstVisible(const Form& form, const std::vector<Found>& all) {
 
 // By a caption without a group in front: the caption itself, or one of several equal ones by "#n".
 Found byCaption(const Form& form, std::string_view text, const std::string& group) {
+  if (foldedCaption(text).empty()) return {};
   for (const auto& list : {captioned, options}) {
     const auto all = list(form, {foldedCaption(text), group});
     if (!all.empty()) return firstVisible(form, all);
   }
-  const auto mark = text.rfind('#');
-  const auto nth = mark == std::string_view::npos ? std::nullopt : number(text.substr(mark + 1));
-  if (!nth || *nth < 1) return {};
+  const auto mark = std::min(text.rfind('#'), text.size());
+  const std::string caption = foldedCaption(text.substr(0, mark));
+  const auto nth = mark < text.size() ? number(text.substr(mark + 1)) : std::nullopt;
+  if (!nth || *nth < 1 || caption.empty()) return {};
   for (const auto& list : {captioned, options}) {
-    const auto all = list(form, {foldedCaption(text.substr(0, mark)), group});
-    if (!all.empty()) return static_cast<std::size_t>(*nth) <= all.size() ? all[*nth - 1] : Found();
+    const auto all = list(form, {caption, group});
+    const auto index = static_cast<std::size_t>(*nth - 1);
+    if (!all.empty()) return index < all.size() ? all[index] : Found();
   }
   return {};
 }

@@ -14,6 +14,7 @@ struct Found {
   int option = -1;               // the name was the caption of this item of a Choice
   GridColumn* column = nullptr;  // the control is a cell of this column ...
   int line = 0;                  // ... and shows this line once User::goToLine has turned the page
+  bool onOtherPage() const { return column && (line - 1) / column->grid().rows() != column->grid().page(); }
 };
 
 // By name, whatever the case; then by caption, compared as foldedCaption() says: of several equal ones

@@ -111,8 +111,8 @@ class Hands {
     const ui::Found found = ui::find(form_, name);
     auto* kind = dynamic_cast<Kind*>(found.control);
     if (!kind) throw std::logic_error("no such control in " + form_.name() + ": " + name);
-    if (found.column && !user.goToLine(*found.column, found.line))
-      throw std::logic_error("the cursor does not leave for " + name);
+    if (found.onOtherPage() && !user.goToLine(*found.column, found.line))
+      throw std::logic_error("the page does not turn to " + name);
     return *kind;
   }
 
