@@ -180,10 +180,11 @@ bool takeMarker(store::LockFile& marker) {
 }
 
 // Whether the directory is empty of archives, or, under the marker, holds none but those of an installation
-// that was never used.
-bool mayInstall(const std::string& directory, bool marked) {
+// that was never used. The marker is looked for last: whoever has just begun made it before the first
+// archive.
+bool mayInstall(const std::string& directory, const std::string& marker) {
   const std::vector<fs::path> files = archiveFiles(directory);
-  return marked ? std::all_of(files.begin(), files.end(), isOwn) : files.empty();
+  return exists(marker) ? std::all_of(files.begin(), files.end(), isOwn) : files.empty();
 }
 
 }  // namespace
@@ -191,11 +192,10 @@ bool mayInstall(const std::string& directory, bool marked) {
 bool ensureInstallation(Session& session) {
   const std::string& directory = session.DataDirectory;
   const std::string markerPath = directory + std::string(kMarker);
-  const bool marked = exists(markerPath);
-  if (!marked && isWhole(directory)) return true;
+  if (!exists(markerPath) && isWhole(directory)) return true;
   std::error_code error;
   fs::create_directories(directory, error);
-  if (!mayInstall(directory, marked)) return true;
+  if (!mayInstall(directory, markerPath)) return true;
   if (!appendText(markerPath, "")) return false;
   store::LockFile marker;
   if (marker.open(markerPath) != store::kOk || !takeMarker(marker)) return isWhole(directory);
