@@ -1,5 +1,6 @@
 #include "app/units.h"
 
+#include "chart/forms.h"
 #include "session/forms.h"
 
 namespace tarvex {
@@ -8,6 +9,7 @@ namespace {
 constexpr Unit kUnits[] = {
     {"APRIAZ", makeApriaz},
     {"PASS", makePass},
+    {"RPC", makeRPC},
     {"SCELTA", makeScelta},
 };
 

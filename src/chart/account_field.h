@@ -1,5 +1,5 @@
-// The account field: a field that takes the description of a voice of the chart, completes it while it is typed
-// and searches it with F5. Shared by every screen that asks for an account.
+// The account field: a field that takes the description of a voice of the chart, completes it while it is
+// typed and searches it with F5. Shared by every screen that asks for an account.
 #pragma once
 
 #include <initializer_list>
@@ -23,15 +23,16 @@ enum class SearchList {
   conti,
 };
 
-// The search window as a modal step, opened at the text typed so far: the description chosen, empty when none was.
+// The search window as a modal step, opened at the text typed so far: the description chosen, empty when none
+// was.
 std::string searchAccount(Session& session, SearchList list, const std::string& typed);
 
 // Kinds of voice (`tipo`) that a field takes: {"c"}, {"s", "c"}.
 using Kinds = std::initializer_list<std::string_view>;
 
 // Makes `field` an account field: hint in the status bar, completion among `kinds` when the parameter
-// `completamento` is on, F5 with the window `list`, which replaces the text by what was chosen and then moves on.
-// The caller sets onLeave.
+// `completamento` is on, F5 with the window `list`, which replaces the text by what was chosen and then moves
+// on. The caller sets onLeave.
 void accountField(Session& session, ui::Field& field, Kinds kinds, SearchList list);
 
 // Reads the voice with exactly that description into session.pc.B (its key in session.pc.primaryKey()); false
