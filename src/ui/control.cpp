@@ -213,40 +213,59 @@ Grid::~Grid() = default;
 void Grid::turnTo(int page) {
   if (page < 0 || page >= pages_ || page == page_) return;
   page_ = page;
-  for (GridColumn* column : columns_) column->rename();
+  for (GridCells* column : columns_)
+    for (int row = 1; row <= rows_; ++row) column->rename(row);
   if (onPage) onPage();
   changed();
 }
 
-GridColumn::GridColumn(Grid& grid, std::string_view name, std::string_view caption, const Mask& mask)
+GridCells::GridCells(Grid& grid, std::string_view name, std::string_view caption)
     : grid_(grid), name_(name), caption_(caption) {
-  for (int row = 1; row <= grid.rows(); ++row) {
-    cells_.push_back(std::make_unique<Field>(grid.form(), std::string_view(), caption, mask));
-    cells_.back()->placed_ = &grid;
-  }
-  rename();
   grid.columns_.push_back(this);
+}
+
+GridCells::~GridCells() = default;
+
+void GridCells::add(std::unique_ptr<Control> cell) {
+  cell->placed_ = &grid_;
+  cells_.push_back(std::move(cell));
+  rename(static_cast<int>(cells_.size()));
+}
+
+void GridCells::rename(int row) { cell(row).name_ = name_ + "(" + std::to_string(grid_.line(row)) + ")"; }
+
+Control& GridCells::cell(int row) const { return *cells_.at(static_cast<std::size_t>(row - 1)); }
+
+GridColumn::GridColumn(Grid& grid, std::string_view name, std::string_view caption, const Mask& mask)
+    : GridOf(grid, name, caption) {
+  for (int row = 1; row <= grid.rows(); ++row)
+    add(std::make_unique<Field>(grid.form(), std::string_view(), caption, mask));
 }
 
 GridColumn::~GridColumn() = default;
 
-void GridColumn::rename() {
-  for (int row = 1; row <= grid_.rows(); ++row)
-    (*this)[row].name_ = name_ + "(" + std::to_string(grid_.line(row)) + ")";
+GridChecks::GridChecks(Grid& grid, std::string_view name, std::string_view caption)
+    : GridOf(grid, name, caption) {
+  for (int row = 1; row <= grid.rows(); ++row)
+    add(std::make_unique<Check>(grid.form(), std::string_view(), caption));
 }
 
-Field& GridColumn::operator[](int row) const { return *cells_.at(static_cast<std::size_t>(row - 1)); }
+GridChecks::~GridChecks() = default;
 
-void GridColumn::onEach(const std::function<void(Field&, int)>& set) {
-  for (std::size_t i = 0; i < cells_.size(); ++i) set(*cells_[i], static_cast<int>(i) + 1);
+GridLabels::GridLabels(Grid& grid, std::string_view name, std::string_view caption, int width)
+    : GridOf(grid, name, caption) {
+  for (int row = 1; row <= grid.rows(); ++row)
+    add(std::make_unique<Label>(grid.form(), std::string_view(), caption, width));
 }
+
+GridLabels::~GridLabels() = default;
 
 Cell cellOf(const Control& control) {
   if (&control.placed() == &control) return {};
   const auto& grid = static_cast<const Grid&>(control.placed());
-  for (GridColumn* column : grid.columns())
+  for (GridCells* column : grid.columns())
     for (int row = 1; row <= grid.rows(); ++row)
-      if (&(*column)[row] == &control) return {column, row};
+      if (&column->cell(row) == &control) return {column, row};
   return {};
 }
 

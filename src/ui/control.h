@@ -30,9 +30,9 @@ class Control {
   Form& form() const { return form_; }
   const std::string& name() const { return name_; }
   const std::string& caption() const { return caption_; }
-  bool enabled() const { return enabled_ && placed_->enabled_; }  // a cell is no more than its grid
-  bool visible() const { return visible_ && placed_->visible_; }
-  bool reachable() const { return enabled() && visible() && takesFocus(); }
+  bool enabled() const { return enabled_; }
+  bool visible() const { return visible_; }
+  bool reachable() const { return enabled_ && visible_ && takesFocus(); }
   void setCaption(std::string_view caption);
   void setEnabled(bool on);
   void setVisible(bool on);
@@ -55,7 +55,7 @@ class Control {
  private:
   friend class User;
   friend class Grid;
-  friend class GridColumn;
+  friend class GridCells;
   Form& form_;
   std::string name_, caption_;
   bool enabled_ = true, visible_ = true;
@@ -263,9 +263,9 @@ class Tabs : public Control {
   int current_ = 0;
 };
 
-class GridColumn;
+class GridCells;
 
-// Rows of fields in columns, entered from left to right. A cell is named by its column and its line,
+// Rows of cells in columns, entered from left to right. A cell is named by its column and its line,
 // "controp(3)", and bears the column's caption. Where there are several pages the same cells show
 // page after page, and row r of page p (from 0) is line p * rows() + r.
 class Grid : public Control {
@@ -277,41 +277,78 @@ class Grid : public Control {
   int page() const { return page_; }  // from 0
   int line(int row) const { return page_ * rows_ + row; }
   int lines() const { return rows_ * pages_; }
-  const std::vector<GridColumn*>& columns() const { return columns_; }
+  const std::vector<GridCells*>& columns() const { return columns_; }
   void turnTo(int page);  // no such page: nothing happens
   bool takesFocus() const override { return false; }
   std::function<void()> onPage;  // the unit fills the cells with the lines of page()
   std::string_view kind() const override { return {}; }
 
+  // A tall grid is drawn as so many blocks beside each other, read from the left one down.
+  void foldInto(int blocks) { blocks_ = blocks; }
+  int blocks() const { return blocks_; }
+
  private:
-  friend class GridColumn;
-  int rows_, pages_, page_ = 0;
-  std::vector<GridColumn*> columns_;
+  friend class GridCells;
+  int rows_, pages_, page_ = 0, blocks_ = 1;
+  std::vector<GridCells*> columns_;
 };
 
-class GridColumn {
+// A column of a grid, whatever its cells are.
+class GridCells {
  public:
-  GridColumn(Grid& grid, std::string_view name, std::string_view caption, const Mask& mask);
-  ~GridColumn();
-  GridColumn(const GridColumn&) = delete;
-  GridColumn& operator=(const GridColumn&) = delete;
+  virtual ~GridCells();
+  GridCells(const GridCells&) = delete;
+  GridCells& operator=(const GridCells&) = delete;
   Grid& grid() const { return grid_; }
   const std::string& name() const { return name_; }
   const std::string& caption() const { return caption_; }
-  const Mask& mask() const { return cells_.front()->mask(); }
-  Field& operator[](int row) const;                                   // rows of the screen, from 1
-  void onEach(const std::function<void(Field& cell, int row)>& set);  // events, hints, keys
+  Control& cell(int row) const;  // rows of the screen, from 1
+
+ protected:
+  GridCells(Grid& grid, std::string_view name, std::string_view caption);
+  void add(std::unique_ptr<Control> cell);  // the next row's
 
  private:
   friend class Grid;
-  void rename();
+  void rename(int row);
   Grid& grid_;
   std::string name_, caption_;
-  std::vector<std::unique_ptr<Field>> cells_;
+  std::vector<std::unique_ptr<Control>> cells_;
+};
+
+template <class Kind>
+class GridOf : public GridCells {
+ public:
+  Kind& operator[](int row) const { return static_cast<Kind&>(cell(row)); }
+  void onEach(const std::function<void(Kind& cell, int row)>& set) {  // events, hints, keys
+    for (int row = 1; row <= grid().rows(); ++row) set((*this)[row], row);
+  }
+
+ protected:
+  using GridCells::GridCells;
+};
+
+class GridColumn : public GridOf<Field> {
+ public:
+  GridColumn(Grid& grid, std::string_view name, std::string_view caption, const Mask& mask);
+  ~GridColumn() override;
+  const Mask& mask() const { return (*this)[1].mask(); }
+};
+
+class GridChecks : public GridOf<Check> {
+ public:
+  GridChecks(Grid& grid, std::string_view name, std::string_view caption);
+  ~GridChecks() override;
+};
+
+class GridLabels : public GridOf<Label> {
+ public:
+  GridLabels(Grid& grid, std::string_view name, std::string_view caption, int width);
+  ~GridLabels() override;
 };
 
 struct Cell {
-  GridColumn* column = nullptr;  // null: the control is no cell
+  GridCells* column = nullptr;  // null: the control is no cell
   int row = 0;
 };
 Cell cellOf(const Control& control);

@@ -32,8 +32,9 @@ Found cellNamed(const Form& form, std::string_view name) {
   for (Control* control : form.controls()) {
     const auto* grid = dynamic_cast<Grid*>(control);
     if (!grid || !line || *line < 1 || *line > grid->lines()) continue;
-    for (GridColumn* at : grid->columns())
-      if (common::upper(at->name()) == column) return {&(*at)[(*line - 1) % grid->rows() + 1], -1, at, *line};
+    for (GridCells* at : grid->columns())
+      if (common::upper(at->name()) == column)
+        return {&at->cell((*line - 1) % grid->rows() + 1), -1, at, *line};
   }
   return {};
 }
@@ -185,10 +186,9 @@ std::vector<Mnemonic> mnemonics(const Form& form) {
     if (&control->placed() != control) continue;
     add(control->caption(), control, -1);
     const auto* choice = dynamic_cast<Choice*>(control);
-    const auto* tabs = dynamic_cast<Tabs*>(control);
-    if (!tabs && (!choice || choice->look() != Choice::Look::options)) continue;
-    int option = 0;
-    for (const std::string& caption : tabs ? tabs->pages() : choice->items()) add(caption, control, option++);
+    if (!choice || choice->look() != Choice::Look::options) continue;
+    for (std::size_t i = 0; i < choice->items().size(); ++i)
+      add(choice->items()[i], control, static_cast<int>(i));
   }
   return all;
 }

@@ -10,10 +10,10 @@
 namespace ui {
 
 struct Found {
-  Control* control = nullptr;    // null: nothing is called so
-  int option = -1;               // the name was the caption of this item of a Choice
-  GridColumn* column = nullptr;  // the control is a cell of this column ...
-  int line = 0;                  // ... and shows this line once User::goToLine has turned the page
+  Control* control = nullptr;   // null: nothing is called so
+  int option = -1;              // the name was the caption of this item of a Choice
+  GridCells* column = nullptr;  // the control is a cell of this column ...
+  int line = 0;                 // ... and shows this line once User::goToLine has turned the page
   bool onOtherPage() const { return column && (line - 1) / column->grid().rows() != column->grid().page(); }
 };
 
@@ -38,7 +38,7 @@ int rowOf(const List& list, std::string_view text);
 struct Mnemonic {
   std::string letter;  // a capital
   Control* control;
-  int option;  // of an item of options or a page of tabs; -1: the control's own caption
+  int option;  // -1: the control's own caption
 };
 std::vector<Mnemonic> mnemonics(const Form& form);
 

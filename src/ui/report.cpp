@@ -1,5 +1,6 @@
 #include "ui/report.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace ui {
@@ -63,12 +64,19 @@ std::string Report::text() const {
 }
 
 void place(std::string& line, int at, int width, common::Align align, std::string_view text) {
-  const auto wide = static_cast<std::size_t>(width), taken = common::length(line);
+  const auto wide = static_cast<std::size_t>(width), taken = common::length(line),
+             chars = common::length(text);
   if (const auto before = static_cast<std::size_t>(at - 1); taken < before) line.append(before - taken, ' ');
-  if (align == common::Align::right && common::length(text) > wide)
-    line.append(text) += ' ';
-  else
+  if (align == common::Align::left || chars <= wide) {
     line += common::fit(text, wide, align);
+    return;
+  }
+  const auto written = line.find_last_not_of(' ') + 1;
+  const auto free = line.size() - written, spare = written == 0 || free == 0 ? free : free - 1;
+  const auto over = chars - wide;
+  line.resize(line.size() - std::min(spare, over));
+  line += text;
+  if (spare < over) line += ' ';
 }
 
 }  // namespace ui

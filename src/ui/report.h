@@ -88,7 +88,8 @@ consteval bool ordered(const Column<Row> (&columns)[N]) {
 }
 
 // Adds `text` at print column `at`. Text at the left is cut to its width; a figure at the right never
-// is: one that is too wide takes up the gaps behind it, since a figure cut short is a wrong one.
+// is, since a figure cut short is a wrong one: one that is too wide takes up the gap in front of it, then
+// the gap behind, and then moves the rest.
 void place(std::string& line, int at, int width, common::Align align, std::string_view text);
 
 template <class Row, std::size_t N>

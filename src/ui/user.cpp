@@ -106,13 +106,13 @@ bool User::reenter(Control& control) {
   return settled(form_.open_);
 }
 
-bool User::goToLine(GridColumn& column, int line) {
+bool User::goToLine(GridCells& column, int line) {
   Grid& grid = column.grid();
   if (!form_.open_ || line < 1 || line > grid.lines()) return false;
   const int page = (line - 1) / grid.rows();
-  Field& cell = column[(line - 1) % grid.rows() + 1];
+  Control& cell = column.cell((line - 1) % grid.rows() + 1);
   if (page == grid.page()) return go(cell);
-  if (!leave()) return settled(false);
+  if (!grid.enabled() || !grid.visible() || !leave()) return settled(false);
   grid.turnTo(page);
   if (!form_.open_ || !cell.reachable()) return settled(false);
   return reenter(cell) && form_.focused_ == &cell;
@@ -231,9 +231,7 @@ bool User::alt(std::string_view letter) {
   const std::string wanted = common::upper(letter);
   for (const Mnemonic& mnemonic : mnemonics(form_)) {
     Control& control = *mnemonic.control;
-    if (mnemonic.letter != wanted || !control.enabled() || !control.visible() || !form_.shows(control))
-      continue;
-    if (auto* tabs = dynamic_cast<Tabs*>(&control)) return page(*tabs, mnemonic.option);
+    if (mnemonic.letter != wanted || !control.reachable() || !form_.shows(control)) continue;
     if (auto* button = dynamic_cast<Button*>(&control)) return press(*button);
     if (auto* box = dynamic_cast<Check*>(&control)) return check(*box, !box->on());
     if (auto* choice = dynamic_cast<Choice*>(&control); choice && mnemonic.option >= 0)

@@ -22,7 +22,7 @@ class User {
   bool begin();
 
   bool go(Control& control);
-  bool goToLine(GridColumn& column, int line);  // turns the page; lines count from 1
+  bool goToLine(GridCells& column, int line);  // turns the page; lines count from 1
   bool enter();                                 // the next control but for plain buttons
   bool next();                                  // Tab: the next control, the first after the last
   bool previous();

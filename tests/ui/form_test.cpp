@@ -199,20 +199,6 @@ TEST_CASE("forms close once, from whatever handler") {
   desk.modal["fattura"] = [](Form& shown) { CHECK(User(shown).close()); };
   desk.run(modal);
   CHECK(desk.forms().empty());
-  CHECK(desk.panels[2] == "");
-
-  desk.open(std::make_unique<Invoice>(desk));
-  Invoice over(desk);
-  over.codice.hint.clear();
-  desk.modal["fattura"] = [&](Form& shown) {
-    CHECK(desk.panels[2] == "");
-    shown.close();
-  };
-  desk.run(over);
-  CHECK(desk.panels[2] == "F5 ricerca facilitata");  // of the form that is on top again
-  desk.forms().back()->close();
-  desk.sweep();
-  CHECK(desk.forms().empty());
 }
 
 TEST_CASE("amounts rest in their own form, and the view hears of changes") {
@@ -270,6 +256,30 @@ TEST_CASE("a grid shows its lines page after page") {
   CHECK(form.griglia.page() == 2);
 }
 
+TEST_CASE("a grid has checks and labels among its fields") {
+  struct Mixed : Form {
+    explicit Mixed(Desk& on) : Form(on, "misto", "Misto") {}
+    Grid griglia{*this, "griglia", 2, 2};
+    GridColumn codice{griglia, "codice", "Codice", Mask::text(5)};
+    GridChecks esente{griglia, "esente", "Esente"};
+    GridLabels nota{griglia, "nota", "Nota", 8};
+  };
+  FakeDesk desk;
+  Mixed form(desk);
+  Hands at(form);
+  at.user.begin();
+  CHECK(at.user.enter());
+  CHECK(at.focus() == "esente(1)");
+  CHECK(at.user.type(" "));
+  CHECK(form.esente[1].on());
+  CHECK(at.user.enter());
+  CHECK(at.focus() == "codice(2)");  // labels take no focus
+  CHECK(at.user.goToLine(form.esente, 4));
+  CHECK(at.focus() == "esente(4)");
+  CHECK(cellOf(form.nota[2]).column == &form.nota);
+  CHECK(find(form, "nota(4)").control == &form.nota[2]);
+}
+
 TEST_CASE("tabs, spins and lists") {
   FakeDesk desk;
   Rowed form(desk);
@@ -303,17 +313,10 @@ TEST_CASE("tabs, spins and lists") {
   CHECK_FALSE(at.user.select(form.elenco, std::vector{0, 1}));
   CHECK(at.user.select(form.elenco, -1));
   CHECK(form.elenco.selected() == -1);
-  CHECK(at.user.alt("R"));  // a page of tabs has its letter, too
-  CHECK(at.focus() == "conto(1)");
   form.refusing = true;
+  CHECK(at.go("conto(1)"));
   CHECK_FALSE(at.user.page(form.schede, 2));
   CHECK(form.schede.current() == 0);
-  form.refusing = false;
-  form.griglia.setVisible(false);
-  CHECK_FALSE(form.conto[2].visible());
-  CHECK(at.user.next());
-  CHECK(at.focus() == "passo");
-  CHECK_FALSE(at.user.goToLine(form.conto, 1));
 }
 
 TEST_CASE("a list that takes several marks") {

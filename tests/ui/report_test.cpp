@@ -31,9 +31,12 @@ TEST_CASE("columns stand where they are declared") {
   CHECK(ui::heading(kColumns) == " N.   Importo  Piazza");
   CHECK(ui::line(kColumns, {1, 1234.5, "Forlì"}) == "  1  1.234,50  Forlì ");
   CHECK(ui::line(kColumns, {2, 9, "Città di Castello"}) == "  2      9,00  Città ");
-  // a figure is never cut: it takes up the gap behind it, then the rest moves
+  // a figure is never cut: it takes up the gaps before and behind it, then the rest moves
   CHECK(ui::line(kColumns, {3, 12345678.5, "Forlì"}) == "  3 12.345.678,50 Forlì ");
   CHECK(ui::line(kColumns, {4, 123456.5, "Forlì"}) == "  4 123.456,50 Forlì ");
+  std::string line = "Forlì";
+  ui::place(line, 9, 4, common::Align::right, "123,50");
+  CHECK(line == "Forlì 123,50");
 }
 
 TEST_CASE("a page holds the lines of the setup") {
