@@ -30,9 +30,9 @@ class Control {
   Form& form() const { return form_; }
   const std::string& name() const { return name_; }
   const std::string& caption() const { return caption_; }
-  bool enabled() const { return enabled_; }
-  bool visible() const { return visible_; }
-  bool reachable() const { return enabled_ && visible_ && takesFocus(); }
+  bool enabled() const { return enabled_ && placed_->enabled_; }  // a cell is no more than its grid
+  bool visible() const { return visible_ && placed_->visible_; }
+  bool reachable() const { return enabled() && visible() && takesFocus(); }
   void setCaption(std::string_view caption);
   void setEnabled(bool on);
   void setVisible(bool on);

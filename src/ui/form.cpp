@@ -7,25 +7,6 @@ namespace {
 
 constexpr int kHintPanel = 2;
 
-// Every tabs node of the layout in which the control lies, with the page.
-template <class Visit>
-void eachPageOf(const Layout& layout, const Control& control, const Visit& visit) {
-  for (std::size_t i = 0; i < layout.parts.size(); ++i) {
-    const Layout& part = layout.parts[i];
-    if (!holds(part, control)) continue;
-    if (layout.kind == Layout::Kind::tabs)
-      visit(static_cast<const Tabs&>(*layout.control), static_cast<int>(i));
-    eachPageOf(part, control, visit);
-  }
-}
-
-const Layout* nodeOf(const Layout& layout, const Control& control) {
-  if (layout.control == &control) return &layout;
-  for (const Layout& part : layout.parts)
-    if (const Layout* found = nodeOf(part, control)) return found;
-  return nullptr;
-}
-
 }  // namespace
 
 View::~View() = default;
@@ -51,14 +32,35 @@ Layout Form::layout() const {
 }
 
 const Layout& Form::arranged() const {
-  if (!arranged_) arranged_ = std::make_unique<const Layout>(layout());
+  if (!arranged_) {
+    arranged_ = std::make_unique<const Layout>(layout());
+    std::vector<Page> around;
+    findPages(*arranged_, around);
+  }
   return *arranged_;
+}
+
+// Notes each control with the pages of all the tabs around it.
+void Form::findPages(const Layout& part, std::vector<Page>& around) const {
+  if (part.control)
+    for (const Page& page : around) onPages_.emplace_back(part.control, page);
+  const auto* own = part.kind == Layout::Kind::tabs ? part.control : nullptr;
+  const auto owner = std::find(controls_.begin(), controls_.end(), own);
+  for (std::size_t i = 0; i < part.parts.size(); ++i) {
+    if (owner != controls_.end()) around.push_back({static_cast<Tabs*>(*owner), static_cast<int>(i)});
+    findPages(part.parts[i], around);
+    if (owner != controls_.end()) around.pop_back();
+  }
 }
 
 void Form::close() {
   if (!open_) return;
   open_ = false;
-  desk_.status(kHintPanel, {});
+  const auto left = desk_.forms();
+  if (left.empty() || left.back() == this)
+    desk_.status(kHintPanel, {});
+  else
+    left.back()->showHint();
   unload();
   if (view_) view_->closed();
 }
@@ -80,17 +82,22 @@ std::vector<Control*> Form::order() const {
 }
 
 Control* Form::firstOn(const Tabs& tabs, int page) const {
-  const Layout* found = nodeOf(arranged(), tabs);
-  if (!found || page < 0 || static_cast<std::size_t>(page) >= found->parts.size()) return nullptr;
+  arranged();
+  const auto lies = [&](const Control& control) {
+    return std::any_of(onPages_.begin(), onPages_.end(), [&](const auto& at) {
+      return at.first == &control.placed() && at.second.tabs == &tabs && at.second.number == page;
+    });
+  };
   for (Control* control : order())
-    if (control->reachable() && holds(found->parts[static_cast<std::size_t>(page)], *control)) return control;
+    if (control->reachable() && lies(*control)) return control;
   return nullptr;
 }
 
 bool Form::shows(const Control& control) const {
-  bool shown = true;
-  eachPageOf(arranged(), control, [&](const Tabs& tabs, int page) { shown &= tabs.current() == page; });
-  return shown;
+  arranged();
+  return std::none_of(onPages_.begin(), onPages_.end(), [&](const auto& at) {
+    return at.first == &control.placed() && at.second.tabs->current() != at.second.number;
+  });
 }
 
 void Form::showHint() const {
@@ -98,10 +105,9 @@ void Form::showHint() const {
 }
 
 void Form::bringForward(const Control& control) {
-  eachPageOf(arranged(), control, [&](const Tabs& tabs, int page) {
-    for (Control* owner : controls_)
-      if (owner == &tabs) static_cast<Tabs*>(owner)->select(page);
-  });
+  arranged();
+  for (const auto& [placed, page] : onPages_)
+    if (placed == &control.placed()) page.tabs->select(page.number);
 }
 
 void Form::setFocus(Control* control) {

@@ -64,11 +64,18 @@ class Form {
   void setFocus(Control* control);
   void bringForward(const Control& control);  // the pages of tabs on which it lies
 
+  struct Page {
+    Tabs* tabs;
+    int number;
+  };
+  void findPages(const Layout& layout, std::vector<Page>& around) const;
+
   Desk& desk_;
   std::string name_, title_;
   std::vector<Control*> controls_;
   std::vector<std::pair<Key, std::function<void()>>> keys_;
   mutable std::unique_ptr<const Layout> arranged_;
+  mutable std::vector<std::pair<const Control*, Page>> onPages_;  // empty where there are no tabs
   Control* focused_ = nullptr;
   View* view_ = nullptr;
   bool loaded_ = false;

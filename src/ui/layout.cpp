@@ -28,11 +28,4 @@ bool holds(const Layout& layout, const Control& control) {
                      [&](const Layout& part) { return holds(part, control); });
 }
 
-const Layout* tabsOf(const Layout& layout, const Control& control) {
-  for (const Layout& part : layout.parts)
-    if (const Layout* inner = tabsOf(part, control)) return inner;
-  if (layout.kind != Layout::Kind::tabs || layout.control == &control) return nullptr;
-  return holds(layout, control) ? &layout : nullptr;
-}
-
 }  // namespace ui

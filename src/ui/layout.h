@@ -40,7 +40,4 @@ Layout space();  // takes what room is left
 // Whether `control`, or the grid whose cell it is, lies somewhere in `layout`.
 bool holds(const Layout& layout, const Control& control);
 
-// The innermost tabs in which `control` lies; null when it lies in none.
-const Layout* tabsOf(const Layout& layout, const Control& control);
-
 }  // namespace ui

@@ -186,9 +186,10 @@ std::vector<Mnemonic> mnemonics(const Form& form) {
     if (&control->placed() != control) continue;
     add(control->caption(), control, -1);
     const auto* choice = dynamic_cast<Choice*>(control);
-    if (!choice || choice->look() != Choice::Look::options) continue;
-    for (std::size_t i = 0; i < choice->items().size(); ++i)
-      add(choice->items()[i], control, static_cast<int>(i));
+    const auto* tabs = dynamic_cast<Tabs*>(control);
+    if (!tabs && (!choice || choice->look() != Choice::Look::options)) continue;
+    int option = 0;
+    for (const std::string& caption : tabs ? tabs->pages() : choice->items()) add(caption, control, option++);
   }
   return all;
 }

@@ -38,7 +38,7 @@ int rowOf(const List& list, std::string_view text);
 struct Mnemonic {
   std::string letter;  // a capital
   Control* control;
-  int option;  // -1: the control's own caption
+  int option;  // of an item of options or a page of tabs; -1: the control's own caption
 };
 std::vector<Mnemonic> mnemonics(const Form& form);
 

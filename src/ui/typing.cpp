@@ -75,13 +75,14 @@ bool User::strike(Field& field, std::string_view key) {
   return true;
 }
 
-// What the completion adds is selected, so that the next key replaces it.
+// What the completion adds is selected, so that the next key replaces it. It may spell otherwise what was
+// typed, the last character included.
 void User::complete(Field& field, Edit& edit) {
   field.completed_ = false;
   if (!field.complete || edit.cursor != edit.text.size()) return;
   std::string whole = common::cleaned(field.complete(edit.text));
   const auto typed = common::length(edit.text), all = common::length(whole);
-  if (all <= typed || all > static_cast<std::size_t>(field.mask_.width())) return;
+  if (all < typed || whole == edit.text || all > static_cast<std::size_t>(field.mask_.width())) return;
   field.typed_ = std::exchange(edit.text, std::move(whole));
   field.completed_ = true;
   edit.cursor = common::cut(edit.text, typed).size();

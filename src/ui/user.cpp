@@ -112,7 +112,7 @@ bool User::goToLine(GridCells& column, int line) {
   const int page = (line - 1) / grid.rows();
   Control& cell = column.cell((line - 1) % grid.rows() + 1);
   if (page == grid.page()) return go(cell);
-  if (!grid.enabled() || !grid.visible() || !leave()) return settled(false);
+  if (!leave()) return settled(false);
   grid.turnTo(page);
   if (!form_.open_ || !cell.reachable()) return settled(false);
   return reenter(cell) && form_.focused_ == &cell;
@@ -231,7 +231,9 @@ bool User::alt(std::string_view letter) {
   const std::string wanted = common::upper(letter);
   for (const Mnemonic& mnemonic : mnemonics(form_)) {
     Control& control = *mnemonic.control;
-    if (mnemonic.letter != wanted || !control.reachable() || !form_.shows(control)) continue;
+    if (mnemonic.letter != wanted || !control.enabled() || !control.visible() || !form_.shows(control))
+      continue;
+    if (auto* tabs = dynamic_cast<Tabs*>(&control)) return page(*tabs, mnemonic.option);
     if (auto* button = dynamic_cast<Button*>(&control)) return press(*button);
     if (auto* box = dynamic_cast<Check*>(&control)) return check(*box, !box->on());
     if (auto* choice = dynamic_cast<Choice*>(&control); choice && mnemonic.option >= 0)

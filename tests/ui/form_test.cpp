@@ -199,6 +199,20 @@ TEST_CASE("forms close once, from whatever handler") {
   desk.modal["fattura"] = [](Form& shown) { CHECK(User(shown).close()); };
   desk.run(modal);
   CHECK(desk.forms().empty());
+  CHECK(desk.panels[2] == "");
+
+  desk.open(std::make_unique<Invoice>(desk));
+  Invoice over(desk);
+  over.codice.hint.clear();
+  desk.modal["fattura"] = [&](Form& shown) {
+    CHECK(desk.panels[2] == "");
+    shown.close();
+  };
+  desk.run(over);
+  CHECK(desk.panels[2] == "F5 ricerca facilitata");  // of the form that is on top again
+  desk.forms().back()->close();
+  desk.sweep();
+  CHECK(desk.forms().empty());
 }
 
 TEST_CASE("amounts rest in their own form, and the view hears of changes") {
@@ -313,10 +327,17 @@ TEST_CASE("tabs, spins and lists") {
   CHECK_FALSE(at.user.select(form.elenco, std::vector{0, 1}));
   CHECK(at.user.select(form.elenco, -1));
   CHECK(form.elenco.selected() == -1);
+  CHECK(at.user.alt("R"));  // a page of tabs has its letter, too
+  CHECK(at.focus() == "conto(1)");
   form.refusing = true;
-  CHECK(at.go("conto(1)"));
   CHECK_FALSE(at.user.page(form.schede, 2));
   CHECK(form.schede.current() == 0);
+  form.refusing = false;
+  form.griglia.setVisible(false);
+  CHECK_FALSE(form.conto[2].visible());
+  CHECK(at.user.next());
+  CHECK(at.focus() == "passo");
+  CHECK_FALSE(at.user.goToLine(form.conto, 1));
 }
 
 TEST_CASE("a list that takes several marks") {
