@@ -25,7 +25,7 @@ class Group {
   // `log` is the group log's path without extension of the company ("<directory>/AB--"); `archive` and
   // `position` are those of the report.
   Group(RecordStore& store, std::string_view log, int archive, int position);
-  ~Group();                    // drops what was not committed and gives the locks back
+  ~Group();  // drops what was not committed and gives the locks back
   Group(const Group&) = delete;
   Group& operator=(const Group&) = delete;
 
@@ -35,7 +35,6 @@ class Group {
 
  private:
   RecordStore& store_;
-  int archive_, position_;
   bool open_ = true;
 };
 

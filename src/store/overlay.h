@@ -14,7 +14,7 @@ namespace store {
 
 class Overlay {
  public:
-  explicit Overlay(const Format& format) : format_(format) {}
+  explicit Overlay(Format format) : format_(std::move(format)) {}
 
   struct Change {
     bool erase = false;
@@ -39,7 +39,7 @@ class Overlay {
   using Key = std::pair<std::string, std::string>;  // index key, primary key
   Change& changeOf(std::string_view primaryKey);
 
-  const Format& format_;
+  Format format_;  // a copy: the table may be opened anew
   std::map<std::string, Change, std::less<>> changes_;
   std::map<int, std::set<Key>> keys_;  // by index, of the records that the group has put
 };

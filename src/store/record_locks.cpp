@@ -53,6 +53,8 @@ void RecordLocks::beginGroup() {
 
 void RecordLocks::endGroup(bool committed) {
   inGroup_ = false;
+  for (const std::string& key : intents_) dropIntent(key);
+  intents_.clear();
   for (auto at = held_.begin(); at != held_.end();) {
     Held& held = at->second;
     if (!committed) held.count = std::min(held.count, held.before);
@@ -62,7 +64,9 @@ void RecordLocks::endGroup(bool committed) {
 
 Code RecordLocks::takeIntent(std::string_view key) {
   if (const Code code = open()) return code;
-  return file_.tryExclusive(intentByte(key));
+  const Code code = file_.tryExclusive(intentByte(key));
+  if (code == kOk && inGroup_) intents_.emplace_back(key);
+  return code;
 }
 
 void RecordLocks::dropIntent(std::string_view key) { file_.release(intentByte(key)); }

@@ -8,6 +8,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "store/locks.h"
 
@@ -46,6 +47,7 @@ class RecordLocks {
   std::string path_;
   LockFile file_;
   Map held_;
+  std::vector<std::string> intents_;  // of the group
   bool inGroup_ = false;
 };
 

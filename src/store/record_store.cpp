@@ -1,6 +1,5 @@
 #include "store/record_store.h"
 
-#include "store/check.h"
 #include "store/station.h"
 
 namespace store {
@@ -9,45 +8,49 @@ RecordStore::RecordStore(StoreOptions options) : impl_(std::make_unique<Impl>(st
 RecordStore::~RecordStore() = default;
 
 Code RecordStore::VmxCreate(const std::string& stem, int keyLength, const std::string& format) {
-  return LastArchiveResult = impl_->engine->create(stem, keyLength, format);
+  return LastArchiveResult = impl_->noted(impl_->create(stem, keyLength, format));
 }
 
-Code RecordStore::VmxKill(const std::string& stem) { return LastArchiveResult = impl_->kill(stem); }
+Code RecordStore::VmxKill(const std::string& stem) {
+  return LastArchiveResult = impl_->noted(impl_->kill(stem));
+}
 
 Code RecordStore::VmxOpen(const std::string& stem, Handle& handle) {
-  return LastArchiveResult = impl_->open(stem, handle);
+  const Code code = impl_->open(stem, handle);
+  // An archive that is not there does not spoil a group by itself: some are made when they are first missed.
+  return LastArchiveResult = code == kSystem ? code : impl_->noted(code);
 }
 
-Code RecordStore::VmxClose(Handle handle) { return LastArchiveResult = impl_->close(handle); }
+Code RecordStore::VmxClose(Handle handle) { return LastArchiveResult = impl_->noted(impl_->close(handle)); }
 
-Code RecordStore::VmxFlush(Handle handle) { return LastArchiveResult = impl_->flush(handle); }
+Code RecordStore::VmxFlush(Handle handle) { return LastArchiveResult = impl_->noted(impl_->flush(handle)); }
 
 Code RecordStore::VmxBOF(Handle handle, int index) {
-  return LastArchiveResult = impl_->stand(handle, index, &Cursor::toStart);
+  return LastArchiveResult = impl_->noted(impl_->stand(handle, index, &Cursor::toStart));
 }
 
 Code RecordStore::VmxEOF(Handle handle, int index) {
-  return LastArchiveResult = impl_->stand(handle, index, &Cursor::toEnd);
+  return LastArchiveResult = impl_->noted(impl_->stand(handle, index, &Cursor::toEnd));
 }
 
 Code RecordStore::VmxGet(Handle handle, int index, Get mode, std::string_view key, Found& found) {
-  return LastArchiveResult = impl_->get(handle, index, mode, key, found);
+  return LastArchiveResult = impl_->noted(impl_->get(handle, index, mode, key, found));
 }
 
 Code RecordStore::VmxPut(Handle handle, std::string_view primaryKey, std::string_view record, Put mode) {
-  return LastArchiveResult = impl_->put(handle, primaryKey, record, mode);
+  return LastArchiveResult = impl_->noted(impl_->put(handle, primaryKey, record, mode));
 }
 
 Code RecordStore::VmxDelete(Handle handle, std::string_view primaryKey) {
-  return LastArchiveResult = impl_->erase(handle, primaryKey);
+  return LastArchiveResult = impl_->noted(impl_->erase(handle, primaryKey));
 }
 
 Code RecordStore::VmxLock(Handle handle, std::string_view primaryKey) {
-  return LastArchiveResult = impl_->lock(handle, primaryKey);
+  return LastArchiveResult = impl_->noted(impl_->lock(handle, primaryKey));
 }
 
 Code RecordStore::VmxUnlock(Handle handle, std::string_view primaryKey) {
-  return LastArchiveResult = impl_->unlock(handle, primaryKey);
+  return LastArchiveResult = impl_->noted(impl_->unlock(handle, primaryKey));
 }
 
 void RecordStore::spinLock(Handle handle, std::string_view primaryKey) {
@@ -61,11 +64,10 @@ const Format& RecordStore::formatOf(Handle handle) const {
   return archive ? archive->member->table->format() : none;
 }
 
-Code RecordStore::settle() { return LastArchiveResult = kOk; }
+Code RecordStore::settle() { return LastArchiveResult = impl_->settleAll(); }
 
 void RecordStore::CheckArchiveResult(Operation operation, int archive, int position) {
-  if (LastArchiveResult == kOk || !impl_->options.onFailure) return;
-  impl_->options.onFailure(describeFailure(LastArchiveResult, operation, archive, position));
+  impl_->check(LastArchiveResult, operation, archive, position);
 }
 
 }  // namespace store

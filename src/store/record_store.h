@@ -19,16 +19,16 @@
 namespace store {
 
 using Code = std::int16_t;
-inline constexpr Code kOk = 0;           // on a search: found exactly
-inline constexpr Code kNotFound = 1;     // on next and previous: no further record
-inline constexpr Code kExists = 2;       // PutMode::add: the primary key is there already
+inline constexpr Code kOk = 0;        // on a search: found exactly
+inline constexpr Code kNotFound = 1;  // on next and previous: no further record
+inline constexpr Code kExists = 2;    // PutMode::add: the primary key is there already
 inline constexpr Code kDiskFull = 11;
 inline constexpr Code kNoMemory = 12;
-inline constexpr Code kSystem = 13;      // VmxOpen: the files are not there
+inline constexpr Code kSystem = 13;  // VmxOpen: the files are not there
 inline constexpr Code kDisk = 14;
 inline constexpr Code kTooManyFiles = 18;
 
-using Handle = int;                      // 0 is never valid
+using Handle = int;  // 0 is never valid
 
 enum class Get { search = 1, next = 2, previous = 4 };
 enum class Put { write = 0, add = 1, rewrite = 2 };
@@ -63,19 +63,20 @@ struct Found {
 class RecordStore {
  public:
   explicit RecordStore(StoreOptions options);
-  ~RecordStore();                                     // settles and closes everything
+  ~RecordStore();  // settles and closes everything
   RecordStore(const RecordStore&) = delete;
   RecordStore& operator=(const RecordStore&) = delete;
 
-  // Makes the files of an empty archive; does not open. kSystem when they are there already or cannot be made.
+  // Makes the files of an empty archive; does not open. kSystem when they are there already or cannot be
+  // made.
   Code VmxCreate(const std::string& stem, int keyLength, const std::string& format);
-  Code VmxKill(const std::string& stem);              // removes the three files (and what stood beside them)
+  Code VmxKill(const std::string& stem);  // removes the three files (and what stood beside them)
   Code VmxOpen(const std::string& stem, Handle& handle);
-  Code VmxClose(Handle handle);                       // flushes first
-  Code VmxFlush(Handle handle);                       // durable, and seen by other stations
+  Code VmxClose(Handle handle);  // flushes first
+  Code VmxFlush(Handle handle);  // durable, and seen by other stations
 
-  Code VmxBOF(Handle handle, int index);              // before the first key of that index
-  Code VmxEOF(Handle handle, int index);              // behind its last key
+  Code VmxBOF(Handle handle, int index);  // before the first key of that index
+  Code VmxEOF(Handle handle, int index);  // behind its last key
   // search: kOk for an exact hit; kNotFound leaves the position where the key would be, so that next delivers
   // the first greater one. A key longer than its index is cut to it. next and previous move by one on `index`
   // and ignore `key`. On kOk `found` is filled, otherwise left alone.
@@ -84,8 +85,8 @@ class RecordStore {
   Code VmxDelete(Handle handle, std::string_view primaryKey);  // kNotFound when it is not there
 
   // A record lock of this station, advisory; the record need not exist. kOk: taken (again, if it was this
-  // station's already). Otherwise kNotFound: held by another station; the call has slept for a moment, so that the
-  // callers' endless loop costs nothing. Locks fall with the process.
+  // station's already). Otherwise kNotFound: held by another station; the call has slept for a moment, so
+  // that the callers' endless loop costs nothing. Locks fall with the process.
   Code VmxLock(Handle handle, std::string_view primaryKey);
   Code VmxUnlock(Handle handle, std::string_view primaryKey);  // harmless when not held
 
