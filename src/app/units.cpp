@@ -1,6 +1,7 @@
 #include "app/units.h"
 
 #include "chart/forms.h"
+#include "ledger/forms.h"
 #include "session/forms.h"
 
 namespace tarvex {
@@ -11,6 +12,7 @@ constexpr Unit kUnits[] = {
     {"PASS", makePass},
     {"RPC", makeRPC},
     {"SCELTA", makeScelta},
+    {"mcfv", makeMcfv},
 };
 
 }  // namespace

@@ -1,0 +1,163 @@
+#include "ledger/posting.h"
+
+#include "common/amount.h"
+#include "common/date.h"
+#include "common/text.h"
+#include "store/group.h"
+#include "ui/desk.h"
+
+namespace tarvex {
+namespace {
+
+using archives::Archive;
+using archives::Layout;
+using store::Operation;
+
+constexpr int kMc = Layout<rec::mc>::code, kIv = Layout<rec::iv>::code, kTt = Layout<rec::tt>::code;
+constexpr int kPc = Layout<rec::pc>::code, kPr = Layout<rec::pr>::code;
+
+std::string rowKey(std::int32_t number) { return common::zeroFill(number, 8); }
+
+// The next number of the journal that no row bears: a counter that was left behind passes over the rows there
+// are.
+std::int32_t nextRowNumber(Session& session, Archive<rec::mc>& mc) {
+  std::int32_t number = 0;
+  do number = ProssimoNumero(session, "mc");
+  while (mc.search(0, rowKey(number)) == store::kOk);
+  return number;
+}
+
+// False when the voice cannot be read; it has been reported.
+bool creditVoice(Session& session, std::string_view codice, double dare, double avere) {
+  Archive<rec::pc>& pc = session.pc;
+  pc.spinLock(codice);
+  const bool found = pc.search(0, codice) == store::kOk;
+  session.CheckArchiveResult(Operation::read, kPc, 1502);
+  if (found) {
+    pc.A = pc.B;
+    pc.A.dare += dare;
+    pc.A.avere += avere;
+    pc.A.saldo = pc.A.saldoiniziale + pc.A.dare - pc.A.avere;
+    pc.put(codice, store::Put::rewrite);
+    session.CheckArchiveResult(Operation::write, kPc, 1503);
+    pc.flush();
+  }
+  pc.unlock(codice);
+  return found;
+}
+
+rec::mc journalRow(const EntryHead& head, const EntryLine& line, std::int32_t nummov) {
+  rec::mc row;
+  row.datareg = common::DateToKey(head.datareg);
+  row.numdoc = head.numdoc;
+  row.datadoc = common::DateToKey(head.datadoc);
+  row.protocollo = head.protocollo;
+  row.conto = line.conto;
+  row.dare = line.dare;
+  row.avere = line.avere;
+  row.nummov = std::to_string(nummov);
+  row.descrizione = line.descrizione;
+  row.chiavecontodoc = row.conto + row.datadoc + row.numdoc;
+  row.chiavecontodata = row.conto + row.datareg;
+  row.chiavedatadoc = row.datareg + row.numdoc;
+  row.causale = head.causale;
+  row.registro = head.registro;
+  row.daemissione = head.daemissione;
+  return row;
+}
+
+void writeLines(Session& session, Archive<rec::mc>& mc, const Entry& entry, std::int32_t nummov) {
+  std::int32_t number = nummov;
+  for (const EntryLine& line : entry.lines) {
+    if (&line != &entry.lines.front()) number = nextRowNumber(session, mc);
+    mc.A = journalRow(entry.head, line, nummov);
+    ScriviRigaGiornale(session, mc, number);
+  }
+}
+
+void writeSales(Session& session, const std::vector<rec::iv>& rows) {
+  if (rows.empty()) return;
+  OpenArchive<rec::iv> iv(session, 1510, 1511);
+  for (const rec::iv& row : rows) {
+    iv->A = row;
+    ScriviRigaIva(session, *iv);
+  }
+}
+
+}  // namespace
+
+std::int32_t ProssimoNumero(Session& session, std::string_view name) {
+  Archive<rec::pr>& pr = session.pr;
+  pr.B = {};  // a counter that cannot be read must not go on from another one's value
+  pr.search(0, name);
+  session.CheckArchiveResult(Operation::read, kPr, 1500);
+  pr.A = pr.B;
+  ++pr.A.valore;
+  pr.put(name, store::Put::write);
+  session.CheckArchiveResult(Operation::write, kPr, 1501);
+  pr.flush();
+  return pr.A.valore;
+}
+
+void AggiornaProgressivi(Session& session, std::string_view codice, double dare, double avere) {
+  if (!creditVoice(session, codice, dare, avere)) return;
+  const std::string mastro = session.pc.B.mastro, conto = session.pc.B.conto;
+  creditVoice(session, mastro, dare, avere);
+  creditVoice(session, conto, dare, avere);
+}
+
+void ScriviRigaGiornale(Session& session, Archive<rec::mc>& mc, std::int32_t number) {
+  mc.put(rowKey(number), store::Put::add);
+  session.CheckArchiveResult(Operation::write, kMc, 1504);
+  mc.flush();
+  AggiornaProgressivi(session, mc.A.conto, mc.A.dare, mc.A.avere);
+}
+
+void ScriviRigaIva(Session& session, Archive<rec::iv>& iv) {
+  session.civa.B = {};
+  session.civa.search(1, iv.A.codiva);
+  iv.A.aliquota = common::numberText(session.civa.B.aliquota);
+  do iv.put(common::numberText(ProssimoNumero(session, "iv")), store::Put::add);
+  while (session.store.LastArchiveResult == store::kExists);
+  session.CheckArchiveResult(Operation::write, kIv, 1505);
+  iv.flush();
+}
+
+void ScriviDatiEntrata(Session& session, Archive<rec::tt>& tt, std::int32_t nummov,
+                       const std::vector<EntryRow>& rows) {
+  for (const EntryRow& row : rows) {
+    tt.A = {std::to_string(nummov), row.voce, row.testo, row.codice, row.importo};
+    do tt.put(rowKey(ProssimoNumero(session, "dati")), store::Put::add);
+    while (session.store.LastArchiveResult == store::kExists);
+    session.CheckArchiveResult(Operation::write, kTt, 1506);
+    tt.flush();
+  }
+}
+
+void addGroupedLine(Entry& entry, std::string_view conto, double sum, bool credit,
+                    std::string_view descrizione) {
+  sum = common::roundBalance(sum);
+  if (sum == 0) return;
+  if (sum < 0) credit = !credit;
+  const double amount = sum < 0 ? -sum : sum;
+  entry.lines.push_back(
+      {std::string(conto), credit ? 0 : amount, credit ? amount : 0, std::string(descrizione)});
+}
+
+bool postEntry(Session& session, const Entry& entry) {
+  const ui::Busy busy(session.desk());
+  store::Group group(session.store, session.groupLog(), kMc, 1507);
+  session.pr.spinLock("mc");
+  {
+    OpenArchive<rec::mc> mc(session, 1508, 1509);
+    const std::int32_t nummov = nextRowNumber(session, *mc);
+    writeLines(session, *mc, entry, nummov);
+    writeSales(session, entry.sales);
+    OpenArchive<rec::tt> tt(session, 1512, 1513);
+    ScriviDatiEntrata(session, *tt, nummov, entry.rows);
+  }
+  session.pr.unlock("mc");
+  return group.commit();
+}
+
+}  // namespace tarvex
