@@ -3,6 +3,7 @@
 #include "chart/forms.h"
 #include "ledger/forms.h"
 #include "session/forms.h"
+#include "vat/forms.h"
 
 namespace tarvex {
 namespace {
@@ -12,7 +13,10 @@ constexpr Unit kUnits[] = {
     {"PASS", makePass},
     {"RPC", makeRPC},
     {"SCELTA", makeScelta},
+    {"STRIV", makeStriv},
     {"mcfv", makeMcfv},
+    {"rtiva", makeRtiva},
+    {"vistiva", makeVistiva},
 };
 
 }  // namespace
