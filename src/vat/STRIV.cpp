@@ -10,6 +10,11 @@ namespace {
 
 using namespace ui;
 
+// There is always a register and a month to print: a choice that was cleared falls back to the first.
+void chosen(Choice& choice) {
+  if (choice.index() < 0) choice.select(0);
+}
+
 class Striv : public Form {
  public:
   explicit Striv(Session& session);
@@ -19,6 +24,7 @@ class Striv : public Form {
  private:
   std::string counter() const { return std::string(kSalesRegister.counter) + registro.text(); }
   void showLastMonth();
+  std::optional<Register> compute();
   void print();
   void tell(const Register& content);
   RegisterPage page();
@@ -42,7 +48,8 @@ Striv::Striv(Session& session)
   mese.setItems({session.MonthNames.begin() + 1, session.MonthNames.end()});
   mese.select(static_cast<int>(common::numberValue(session.TodayText.substr(3, 2))) - 1);
   registro.select(0);
-  registro.onChange = [this] { showLastMonth(); };
+  registro.onChange = [this] { chosen(registro), showLastMonth(); };
+  mese.onChange = [this] { chosen(mese); };
   anteprima.set(true);
   ok.onPress = [this] { print(); };
   annulla.onPress = [this] { close(); };
@@ -60,17 +67,24 @@ void Striv::showLastMonth() {
   ultimo.setText(session_.store.LastArchiveResult == store::kOk ? session_.pr.B.testo : std::string());
 }
 
-void Striv::print() {
+// Nothing when an archive fails, which has been reported: half a register is none.
+std::optional<Register> Striv::compute() {
   const Busy busy(desk());
   const auto table = loadVatTable(session_);
-  if (!table) return;
+  if (!table) return {};
   auto rows = readSalesRows(session_, registro.text(), common::zeroFill(mese.index() + 1, 2));
-  if (!rows) return;
-  const Register content = makeRegister(kSalesRegister, std::move(*rows), *table);
-  tell(content);
-  const auto report = layOut(
-      kSalesRegister, content, page(),
-      {.font = session_.PrintFontName, .size = 1.0 * session_.PrintSize, .pageLines = session_.PageLength});
+  if (!rows) return {};
+  return makeRegister(kSalesRegister, std::move(*rows), *table);
+}
+
+void Striv::print() {
+  const auto content = compute();
+  if (!content) return;
+  tell(*content);
+  const auto report = layOut(kSalesRegister, *content, page(),
+                             {.font = session_.PrintFontName,
+                              .size = static_cast<double>(session_.PrintSize),
+                              .pageLines = session_.PageLength});
   if (anteprima.on())
     desk().preview(report);
   else

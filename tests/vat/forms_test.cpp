@@ -184,6 +184,10 @@ TEST_CASE("a definitive print keeps its month for that register, after the print
   CHECK(striv.hands.text("ultimo").empty());
   striv.hands.pick("registro", "9");
   CHECK(striv.hands.text("ultimo") == "Dicembre");
+  striv.hands.user.choose(striv.hands.at<ui::Choice>("registro"), -1);
+  striv.hands.user.choose(striv.hands.at<ui::Choice>("mese"), -1);
+  CHECK(striv.hands.text("registro") == "1");
+  CHECK(striv.hands.text("mese") == "Gennaio");
 }
 
 TEST_CASE("what is amiss in a register is told, and it is printed all the same") {
