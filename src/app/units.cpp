@@ -2,6 +2,7 @@
 
 #include "chart/forms.h"
 #include "ledger/forms.h"
+#include "parties/forms.h"
 #include "session/forms.h"
 #include "vat/forms.h"
 
@@ -11,6 +12,7 @@ namespace {
 constexpr Unit kUnits[] = {
     {"APRIAZ", makeApriaz},
     {"PASS", makePass},
+    {"RCLIENTE", makeRCLIENTE},
     {"RPC", makeRPC},
     {"SCELTA", makeScelta},
     {"STRIV", makeStriv},

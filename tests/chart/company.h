@@ -38,16 +38,17 @@ class Company {
 
   // A voice as its screen would have written it, under the next code.
   std::string add(const std::string& tipo, const std::string& name, const std::string& city = {}) {
-    const std::string code = common::zeroFill(++last_, 5);
+    ++last_;
     rec::pc& voice = session.pc.A;
     voice = {};
     voice.ragsoc = name;
     voice.tipo = tipo;
     voice.citta = city;
     tarvex::setGroupKeys(voice);
-    session.pc.put(code, store::Put::write);
-    return code;
+    session.pc.put(lastCode(), store::Put::write);
+    return lastCode();
   }
+  std::string lastCode() const { return common::zeroFill(last_, 5); }
 
   const rec::pc& voice(const std::string& code) {
     if (session.pc.search(0, code) != store::kOk) throw std::logic_error("no voice " + code);

@@ -25,7 +25,7 @@ LAYERS = ["common", "store", "archives", "ui", "session", "chart"]
 ROW = ["documents", "warehouse", "yearend", "assets", "parties", "vat", "duedates", "ledger"]
 ROW_ARROWS = {
     "ledger": {"duedates", "vat"},
-    "parties": {"duedates"},
+    "parties": {"duedates", "vat"},
     "documents": set(ROW),
     "yearend": {"ledger", "warehouse"},
 }
