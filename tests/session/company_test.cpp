@@ -283,8 +283,8 @@ TEST_CASE("a password opens the company, kept as plain text or as its hash") {
     station.frame.end();
   }
   Station station(directory.path());
-  const auto enter = [&](const std::string& typed) {
-    return [&station, typed](ui::Form& form) {
+  const auto enter = [](const std::string& typed) {
+    return [typed](ui::Form& form) {
       Hands(form).set("text1", typed);
       Hands(form).press(typed.empty() ? "annulla" : "ok");
       CHECK(!form.isOpen());
