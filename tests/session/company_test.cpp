@@ -1,6 +1,8 @@
 #include "session/company.h"
 
 #include <doctest/doctest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <fstream>
 
@@ -190,6 +192,26 @@ TEST_CASE("a company made where files stand already tells it, keeps them and goe
   CHECK(station.session.CompanyCode == "AD");
   CHECK(station.desk.boxes.size() > 20);
   CHECK(station.session.pc.search(1, "Crediti di Rossi") == store::kOk);
+}
+
+TEST_CASE("a company made on a full disk tells every failure and does not stop the program") {
+  const Scratch directory;
+  Station(directory.path()).start(test::leave);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    Station station(directory.path());
+    bool goesOn = false;
+    station.start([&](ui::Form& form) {
+      test::fillDisk(40000);  // the slot is written, larger archives are not
+      test::found(station.desk, "Rossi", "2003")(form);
+      goesOn = !form.isOpen() && station.session.CompanyCode == "AD" && station.session.ct.isOpen();
+    });
+    const std::size_t boxes = station.desk.boxes.size();  // two for each failure
+    ::_exit(goesOn && boxes >= 10 && boxes < 40 && station.frame.end() ? 0 : 1);
+  }
+  int status = 1;
+  ::waitpid(child, &status, 0);
+  CHECK(status == 0);
 }
 
 TEST_CASE("SCELTA offers companies, years and warehouses") {

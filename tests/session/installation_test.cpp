@@ -120,6 +120,29 @@ TEST_CASE("a directory that cannot hold archives ends the start") {
   CHECK(failedStart(scratch / "un file/dati").back() == kFatal);
 }
 
+TEST_CASE("a full disk ends the first start, and the next one completes it") {
+  const Scratch directory;
+  for (const rlim_t limit : {rlim_t{0}, rlim_t{9000}}) {
+    CAPTURE(limit);
+    const pid_t child = ::fork();
+    if (child == 0) {
+      test::fillDisk(limit);
+      Station station(directory.path());
+      const bool told =
+          !station.start(test::leave) && station.desk.boxes.size() == 5 && station.desk.box() == kFatal;
+      ::_exit(told ? 0 : 1);
+    }
+    int status = 1;
+    ::waitpid(child, &status, 0);
+    CHECK(status == 0);
+  }
+  Station station(directory.path());
+  station.start([&](ui::Form& form) {
+    checkWhole(station);
+    form.close();
+  });
+}
+
 TEST_CASE("an unusable dataz ends the start and is left alone") {
   const Scratch directory;
   for (const char* extension : {".ISM", ".ISD", ".ISF"})

@@ -1,6 +1,9 @@
 // A station of an installation, for tests: a session on a directory with a desk that a test answers.
 #pragma once
 
+#include <signal.h>
+#include <sys/resource.h>
+
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -31,6 +34,13 @@ struct Station {
   tarvex::Session session;
   tarvex::Frame frame{session};
 };
+
+// From here on this process writes no file beyond `bytes`, as if the disk were full. For a forked child.
+inline void fillDisk(rlim_t bytes) {
+  ::signal(SIGXFSZ, SIG_IGN);
+  const rlimit limit{bytes, bytes};
+  ::setrlimit(RLIMIT_FSIZE, &limit);
+}
 
 inline void leave(ui::Form& form) { form.close(); }  // by the closing box
 
