@@ -4,9 +4,11 @@
 
 #include <fstream>
 #include <iterator>
+#include <memory>
 
 #include "session/checks.h"
 #include "session/company.h"
+#include "session/forms.h"
 #include "session/station.h"
 #include "tools/scratch.h"
 
@@ -24,17 +26,19 @@ std::string contents(const std::string& path) {
 void write(const std::string& path, std::string_view text) { std::ofstream(path) << text; }
 
 struct Plain : ui::Form {  // a form with nothing on it
-  explicit Plain(ui::Desk& desk, std::string_view name = "VMC") : Form(desk, name, "Prova") {}
+  Plain(ui::Desk& desk, std::string_view name) : Form(desk, name, "Prova") {}
 };
 
-constexpr Unit kUnits[] = {
-    {"VMC",
-     [](Session& session) -> std::unique_ptr<ui::Form> { return std::make_unique<Plain>(session.desk()); }},
-    {"BACK1",
-     [](Session& session) -> std::unique_ptr<ui::Form> {
-       return std::make_unique<Plain>(session.desk(), "BACK1");
-     }},
-};
+template <const char* name>
+std::unique_ptr<ui::Form> makePlain(Session& session) {
+  return std::make_unique<Plain>(session.desk(), name);
+}
+constexpr char kJournal[] = "VMC", kBackup[] = "BACK1";
+
+constexpr Unit kFewUnits[] = {{"SCELTA", makeScelta},
+                              {"APRIAZ", makeApriaz},
+                              {kJournal, makePlain<kJournal>},
+                              {kBackup, makePlain<kBackup>}};
 
 // A session with the company Rossi, 2003, open.
 struct Open : Scratch, Station {
@@ -184,9 +188,8 @@ TEST_CASE("guarded entries ask for closed windows, the others open beside each o
   const Scratch directory;
   Station(directory.path()).start([&](ui::Form& form) { form.close(); });
   FakeDesk desk;
-  std::vector<Unit> all(units().begin(), units().end());
-  all.insert(all.end(), std::begin(kUnits), std::end(kUnits));
-  Session session({directory.path(), directory.path(), "", common::Clock("15/01/2003", "10:30")}, desk, all);
+  Session session({directory.path(), directory.path(), "", common::Clock("15/01/2003", "10:30")}, desk,
+                  kFewUnits);
   Frame frame(session);
   CHECK(frame.choose("mb2") == Chosen::refused);  // no company
   desk.modal["SCELTA"] = [&](ui::Form& form) {
