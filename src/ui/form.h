@@ -47,7 +47,7 @@ class Form {
   // its handlers is running any more.
   void close();
 
-  // While the form is in front and the focused control has no use of its own for the key.
+  // Wherever the focus is; a control's own action for the key goes before.
   void on(Key key, std::function<void()> action);
 
   // For hosts.

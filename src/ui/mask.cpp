@@ -1,6 +1,7 @@
 #include "ui/mask.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/amount.h"
 #include "common/text.h"
@@ -65,7 +66,12 @@ Mask Mask::pattern(std::string_view blank) {
 
 bool Mask::type(Edit& edit, std::string_view key) const {
   if (key.empty()) return false;
-  if (kind_ == Kind::pattern) return key.size() == 1 && typePattern(edit, key[0]);
+  if (kind_ == Kind::pattern) {
+    Edit next = edit.text.size() == keys_.size() ? edit : Edit{keys_, 0, 0};
+    if (key.size() != 1 || !typePattern(next, key[0])) return false;
+    edit = std::move(next);
+    return true;
+  }
   if (kind_ == Kind::amount) return key.size() == 1 && typeAmount(edit, key[0]);
   if (kind_ == Kind::oneOf) return typeOneOf(edit, key);
   const auto from = selectionStart(edit), to = selectionEnd(edit);
@@ -126,7 +132,6 @@ bool Mask::typeAmount(Edit& edit, char key) const {
 bool Mask::takesDigit(std::size_t at) const { return keys_[at] == '_' || isDigit(keys_[at]); }
 
 bool Mask::typePattern(Edit& edit, char key) const {
-  if (edit.text.size() != keys_.size()) edit = {keys_, 0, 0};
   if (!isDigit(key)) return endGroup(edit, key);
   auto at = selectionStart(edit);
   while (at < keys_.size() && !takesDigit(at)) ++at;
@@ -143,9 +148,7 @@ bool Mask::typePattern(Edit& edit, char key) const {
 bool Mask::endGroup(Edit& edit, char separator) const {
   const auto at = edit.cursor;
   if (edit.mark != at) return false;
-  if (at > 0 && !takesDigit(at - 1)) {
-    if (keys_[at - 1] == separator) return edit.text[at - 2] != '_';
-  }
+  if (at > 1 && !takesDigit(at - 1) && keys_[at - 1] == separator) return edit.text[at - 2] != '_';
   const auto end = keys_.find(separator, at);
   if (end == std::string::npos) return false;
   auto start = at;

@@ -354,13 +354,3 @@ TEST_CASE("a list that takes several marks") {
   CHECK(user.select(form.elenco, std::vector<int>()));
   CHECK(form.elenco.selected() == -1);
 }
-
-TEST_CASE("default buttons of boxes") {
-  CHECK(defaultOf({"", "", Ask::okCancel}) == Answer::ok);
-  CHECK(defaultOf({"", "", Ask::yesNo}) == Answer::yes);
-  CHECK(defaultOf({"", "", Ask::yesNoCancel, Icon::none, true}) == Answer::no);
-  FakeDesk desk;
-  desk.answers = {Answer::no};
-  CHECK_FALSE(desk.confirm("Confermare l'operazione ?"));
-  CHECK(desk.box() == "Attenzione|Confermare l'operazione ?");
-}

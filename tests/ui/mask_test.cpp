@@ -125,6 +125,7 @@ TEST_CASE("a date is typed over its blank") {
   CHECK(typed(date, "/3/", "15/01/2003") == "15/03/2003");  // the separator passes over what stands
   CHECK(typed(date, "1é") == "1_/__/2003!");
   CHECK(typed(date, "15", "garbage") == "15/__/2003");
+  CHECK(typed(date, "x", "garbage") == "garbage!");  // refused: it stays as it was
   CHECK(entered(date, "15/01/2002") == "15/01/2002");
   CHECK(entered(date, "32/13/1") == "32/13/1003");
   CHECK(entered(date, "") == "__/__/2003");
