@@ -247,7 +247,8 @@ PowerLossResult cutPower(const PowerLoss& plan) {
   for (std::size_t moment = 0; moment < operations.size(); ++moment) {
     disk.step(operations[moment], moment);
     ext4.step(operations[moment], moment);
-    if (operations[moment].kind == kOpen) continue;  // nothing new on the disk
+    const bool nothingNew = operations[moment].kind == kOpen;
+    if (nothingNew || moment % static_cast<std::size_t>(plan.every) != 0) continue;
     for (std::size_t n = 0; n < std::size(kPolicyNames); ++n) {
       const auto policy = static_cast<Policy>(n);
       const bool atRandom = policy == Policy::prefix || policy == Policy::subset;

@@ -21,6 +21,7 @@ struct PowerLoss {
   std::string base;   // the directory as it was before the recording
   std::string trace;  // the recording
   std::string work;   // where the directories are built, one at a time, and removed again
+  int every = 1;      // only each n-th moment
   int seeds = 2;      // images for each moment by prefix, and by subset
   // Opens the directory as the next start would; `acknowledged` is what the program had said to be done by
   // then. Returns what is wrong, or nothing.
