@@ -151,6 +151,7 @@ class Rules(unittest.TestCase):
         path = "src/ledger/VARPC.cpp"
         listed = {"src/ledger/CMakeLists.txt": "mcfv.cpp parts/rows.cpp VARPC.cpp", path: form}
         self.caught(findings(listed), path, "no test names the form VARPC")
+        self.caught(findings({**listed, "tests/session/menu_test.h": "VARPC"}), path, "no test names")
         self.assertEqual([], findings({**listed, "tests/scenarios/chart.scn": "open VARPC\n"}))
 
     def test_words(self):
