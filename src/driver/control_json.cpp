@@ -1,0 +1,69 @@
+#include "driver/control_json.h"
+
+#include <string>
+
+namespace driver {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string textOf(const ui::Control& control) {
+  if (auto* field = dynamic_cast<const ui::Field*>(&control)) return field->shown();
+  if (auto* memo = dynamic_cast<const ui::Memo*>(&control)) return memo->plainText();
+  if (auto* label = dynamic_cast<const ui::Label*>(&control)) return label->text();
+  if (auto* choice = dynamic_cast<const ui::Choice*>(&control)) return choice->text();
+  return {};
+}
+
+void addList(Json& json, const ui::List& list) {
+  Json columns = Json::array(), rows = Json::array();
+  for (const auto& column : list.columns()) columns.push_back(column.title);
+  const std::size_t count = list.rows().count();
+  for (std::size_t row = 0; row < count; ++row) {
+    Json cells = Json::array();
+    for (std::size_t column = 0; column < list.columns().size(); ++column)
+      cells.push_back(list.rows().cell(row, column));
+    rows.push_back(std::move(cells));
+  }
+  json["columns"] = std::move(columns);
+  json["rows"] = std::move(rows);
+  if (list.takesSeveral())
+    json["selected"] = list.selectedRows();
+  else
+    json["selected"] = list.selected();
+}
+
+}  // namespace
+
+Json toJson(const ui::Control& control) {
+  Json json;
+  json["name"] = control.name();
+  json["caption"] = control.caption();
+  json["kind"] = control.kind();
+  json["text"] = textOf(control);
+  json["enabled"] = control.enabled();
+  json["visible"] = control.visible();
+  if (auto* check = dynamic_cast<const ui::Check*>(&control)) {
+    json["checked"] = check->on();
+  } else if (auto* choice = dynamic_cast<const ui::Choice*>(&control)) {
+    json["items"] = choice->items();
+    json["selected"] = choice->index();
+  } else if (auto* list = dynamic_cast<const ui::List*>(&control)) {
+    addList(json, *list);
+  } else if (auto* spin = dynamic_cast<const ui::Spin*>(&control)) {
+    json["value"] = spin->value();
+  } else if (auto* tabs = dynamic_cast<const ui::Tabs*>(&control)) {
+    json["items"] = tabs->pages();
+    json["selected"] = tabs->current();
+  }
+  return json;
+}
+
+Json controlsOf(const ui::Form& form) {
+  Json controls = Json::array();
+  for (const ui::Control* control : form.controls())
+    if (!control->kind().empty()) controls.push_back(toJson(*control));
+  return controls;
+}
+
+}  // namespace driver
