@@ -26,7 +26,7 @@ std::string judge(const std::string& directory, long done, long more) {
   if (count < done || count > done + more)
     return std::to_string(done) + " done, " + std::to_string(count) + " there";
   if (!books.post()) return "no further posting";
-  const std::string wrong = books.judge(count);
+  std::string wrong = books.judge(count);
   return wrong.empty() && count <= done ? "a posting was lost" : wrong;
 }
 

@@ -53,7 +53,8 @@ class Postings {
       if (mc_.found.primaryKey != keyOf(static_cast<double>(rows / 2 + 1), rows % 2 == 0 ? "1" : "2"))
         return "row " + mc_.found.primaryKey + " behind " + std::to_string(rows) + " rows";
     if (rows != 2 * count) return std::to_string(count) + " postings with " + std::to_string(rows) + " rows";
-    const double sum = static_cast<double>(count * (count + 1)) / 2;
+    const long total = count * (count + 1) / 2;
+    const auto sum = static_cast<double>(total);
     for (const auto& [key, balance] : {std::pair{"a", sum}, std::pair{"b", -sum}})
       if (pc_.search(0, key) != store::kOk || amountOf(pc_.found.record) != balance)
         return std::string("the balance ") + key + " is not that of the rows";
