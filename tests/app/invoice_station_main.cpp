@@ -1,0 +1,26 @@
+// invoice_station DIRECTORY FIRST COUNT [ACKNOWLEDGED]: a station that registers invoices, one after the
+// other, and notes the number of each one in a file once the form says that it stands.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+#include "app/invoices.h"
+
+int main(int count, char** words) {
+  if (count < 4) return 2;
+  test::Station station(words[1]);
+  if (!station.start(test::choose(test::kCompany, test::kYear))) return 3;
+  station.session.open("mcfv");
+  ui::Form& mcfv = *station.desk.forms().back();
+  const int acknowledged = count > 4 ? open(words[4], O_WRONLY | O_APPEND | O_CREAT, 0600) : -1;
+  const int first = std::atoi(words[2]), last = first + std::atoi(words[3]);
+  for (int number = first; number < last; ++number) {
+    if (!test::postInvoice(station, mcfv, number)) return 4;
+    const std::string line = std::to_string(number) + "\n";
+    if (acknowledged >= 0 && write(acknowledged, line.data(), line.size()) < 0) return 5;
+  }
+  mcfv.close();
+  station.frame.end();
+  return 0;
+}
