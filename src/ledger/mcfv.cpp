@@ -11,6 +11,7 @@
 #include "ledger/posting.h"
 #include "session/checks.h"
 #include "ui/form.h"
+#include "vat/vat_table.h"
 
 namespace {
 
@@ -138,16 +139,16 @@ Leave Mcfv::leaveVoice(ui::Field& field) {
 
 Leave Mcfv::leaveVatCode(int row) {
   if (codiva[row].empty()) return Leave::go;
-  if (session_.civa.search(1, codiva[row].text()) != store::kOk) {
+  const auto code = readVatCode(session_, codiva[row].text());
+  if (!code) {
     session_.desk().beep();
     return Leave::stay;
   }
-  const rec::civa& code = session_.civa.B;
-  if (code.indetraibile == 0 && code.aliquota == 0) {
+  if (code->indetraibile == 0 && code->aliquota == 0) {
     importoiva[row].clear();
-    session_.desk().show({code.descrizione, "CODICE IVA", ui::Ask::ok, ui::Icon::information});
-  } else if (code.indetraibile == 0) {
-    const double vat = common::vatOf(imponibile[row].number(), code.aliquota);
+    session_.desk().show({code->descrizione, "CODICE IVA", ui::Ask::ok, ui::Icon::information});
+  } else if (code->indetraibile == 0) {
+    const double vat = common::vatOf(imponibile[row].number(), code->aliquota);
     if (vat > 0) importoiva[row].setNumber(vat);
   }
   showBalance();

@@ -5,6 +5,7 @@
 #include "common/text.h"
 #include "store/group.h"
 #include "ui/desk.h"
+#include "vat/vat_table.h"
 
 namespace tarvex {
 namespace {
@@ -114,9 +115,8 @@ void ScriviRigaGiornale(Session& session, Archive<rec::mc>& mc, std::int32_t num
 }
 
 void ScriviRigaIva(Session& session, Archive<rec::iv>& iv) {
-  session.civa.B = {};
-  session.civa.search(1, iv.A.codiva);
-  iv.A.aliquota = common::numberText(session.civa.B.aliquota);
+  const auto code = readVatCode(session, iv.A.codiva);
+  iv.A.aliquota = common::numberText(code ? code->aliquota : 0);
   do iv.put(common::numberText(ProssimoNumero(session, "iv")), store::Put::add);
   while (session.store.LastArchiveResult == store::kExists);
   session.CheckArchiveResult(Operation::write, kIv, 1505);
