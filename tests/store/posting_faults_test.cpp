@@ -22,11 +22,12 @@ constexpr int kStep = 5;  // every fifth operation; which ones changes with the 
 std::string judge(const std::string& directory, long done, long more) {
   test::Postings books(directory);
   long count = 0;
-  if (const std::string wrong = books.judge(count); !wrong.empty()) return wrong;
+  std::string wrong = books.judge(count);
+  if (!wrong.empty()) return wrong;
   if (count < done || count > done + more)
     return std::to_string(done) + " done, " + std::to_string(count) + " there";
   if (!books.post()) return "no further posting";
-  std::string wrong = books.judge(count);
+  wrong = books.judge(count);
   return wrong.empty() && count <= done ? "a posting was lost" : wrong;
 }
 

@@ -40,7 +40,9 @@ class Postings {
     const std::optional<double> number = add(pr_, "co", 1);
     if (!number) return false;
     for (const char* row : {"1", "2"})
-      if (mc_.put(keyOf(*number, row), record("x", *number), store::Put::add) != store::kOk) return false;
+      if (mc_.put(keyOf(static_cast<long>(*number), row), record("x", *number), store::Put::add) !=
+          store::kOk)
+        return false;
     return add(pc_, "a", *number) && add(pc_, "b", -*number) && group.commit();
   }
 
@@ -50,7 +52,7 @@ class Postings {
     count = static_cast<long>(amountOf(pr_.found.record));
     long rows = 0;
     for (mc_.bof(0); mc_.next(0) == store::kOk; ++rows)
-      if (mc_.found.primaryKey != keyOf(static_cast<double>(rows / 2 + 1), rows % 2 == 0 ? "1" : "2"))
+      if (mc_.found.primaryKey != keyOf(rows / 2 + 1, rows % 2 == 0 ? "1" : "2"))
         return "row " + mc_.found.primaryKey + " behind " + std::to_string(rows) + " rows";
     if (rows != 2 * count) return std::to_string(count) + " postings with " + std::to_string(rows) + " rows";
     const long total = count * (count + 1) / 2;
@@ -62,8 +64,8 @@ class Postings {
   }
 
  private:
-  static std::string keyOf(double number, const char* row) {
-    const std::string digits = std::to_string(static_cast<long>(number));
+  static std::string keyOf(long number, const char* row) {
+    const std::string digits = std::to_string(number);
     return std::string(7 - digits.size(), '0') + digits + row;
   }
 
