@@ -20,49 +20,6 @@ struct AtRpc {
 
 }  // namespace
 
-TEST_CASE("each kind of voice gets its place in the chart") {
-  test::Company books;
-  AtRpc at(books);
-  at.describe("Mastro", "  Patrimonio  ", "1.234,56");
-  at.hands.press("Registra");
-  CHECK(at.hands.text("Descrizione").empty());
-  CHECK(at.hands.text("Saldo iniziale").empty());
-  CHECK(at.hands.focus() == "text1");
-  rec::pc voice = books.voice("00051");
-  CHECK(voice.ragsoc == "Patrimonio");
-  CHECK(voice.tipo + voice.natura + voice.mastro + voice.conto == "mp00051");
-  CHECK(voice.codice == "000510000000000");
-  CHECK(voice.chiavetipo + voice.chiavegruppo == "xPatrimoniossPatrimonio");
-  CHECK(voice.saldoiniziale == 1234.56);
-  CHECK(voice.saldo == 1234.56);
-
-  at.describe("Conto", "Capitale");
-  at.hands.pick("Mastro associato", "Patrimonio");  // joined the list at once
-  at.hands.press("Registra");
-  voice = books.voice("00052");
-  CHECK(voice.tipo + voice.natura + voice.mastro + voice.conto == "ccp0005100052");
-  CHECK(voice.codice == "000510005200000");
-  CHECK(voice.chiavetipo + voice.chiavegruppo == "xCapitalessCapitale");
-  CHECK(voice.saldo == 0);
-  CHECK(at.hands.text("Mastro associato") == "Patrimonio");  // for the next conto
-
-  at.describe("Sottoconto", "Capitale sociale", "-10");
-  at.hands.pick("Conto associato", "Capitale");
-  at.hands.press("Registra");
-  voice = books.voice("00053");
-  CHECK(voice.tipo + voice.natura + voice.mastro + voice.conto == "sp0005100052");
-  CHECK(voice.codice == "000510005200053");
-  CHECK(voice.chiavetipo + voice.chiavegruppo == "sCapitale socialessCapitale sociale");
-  CHECK(voice.saldo == -10);
-  CHECK(books.voice("00052").saldoiniziale == 0);  // nothing goes up to the parents
-
-  at.describe("Mastro", "Ricavi finanziari");
-  at.hands.pick("natura", "Economico");
-  at.hands.press("Registra");
-  CHECK(books.voice("00054").natura == "e");
-  CHECK(books.desk.boxes.empty());
-}
-
 TEST_CASE("a number that is taken already is passed over") {
   test::Company books;
   for (const char* code : {"00051", "00052"}) {
