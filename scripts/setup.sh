@@ -18,5 +18,5 @@ tarvex_need() {
 
 tarvex_need_build() {
   tarvex_need g++ cmake ninja-build ccache pkg-config ca-certificates \
-    libsqlite3-dev libsodium-dev nlohmann-json3-dev libfmt-dev
+    libsqlite3-dev libsodium-dev nlohmann-json3-dev
 }
