@@ -5,6 +5,7 @@
 #include <istream>
 #include <ostream>
 
+#include "common/text.h"
 #include "driver/commands.h"
 #include "driver/words.h"
 #include "session/checks.h"
@@ -263,7 +264,9 @@ Call::Call(Driver& driver_in, std::vector<std::string> words, std::string_view r
     : driver(driver_in), words_(std::move(words)), rest_(rest), serial_(driver_in.serial_) {}
 
 void Call::fail(std::string error) {
-  if (due()) driver.answer_.error = std::move(error);
+  constexpr std::size_t kLongest = 200;  // a word of megabytes need not be told again
+  if (error.size() > kLongest) error.resize(kLongest);
+  if (due()) driver.answer_.error = common::cleaned(error);
 }
 
 void Call::add(std::string_view key, Json value) {

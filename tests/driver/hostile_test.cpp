@@ -21,9 +21,9 @@ void answersEach(const std::vector<std::string>& commands) {
 TEST_CASE("lines of ten megabytes") {
   const std::string long10(10 << 20, 'x');
   std::string zeros(10 << 20, '0');
-  answersEach({long10, "set cliente " + long10, "set cliente \"" + long10 + "\"", "set Appunti " + long10,
-               "set text2 " + zeros, "set text1 " + zeros, "set " + long10 + " x", "pick elenco " + long10,
-               "key " + long10, "open " + long10, "set sconto -" + zeros, "\"" + long10, "top " + long10});
+  answersEach({long10, "set cliente \"" + long10 + "\"", "set Appunti " + long10, "set sconto -" + zeros,
+               "pick elenco " + long10, "\"" + long10});
+  CHECK(playSamples("open " + long10 + "\n").lines[0].size() < 400);
 }
 
 TEST_CASE("bytes that are no text") {
