@@ -92,6 +92,7 @@ void Rpc::loadParents(Choice& list, std::vector<Parent>& parents, std::string_vi
   std::sort(parents.begin(), parents.end(),
             [](const Parent& a, const Parent& b) { return common::upper(a.name) < common::upper(b.name); });
   std::vector<std::string> names;
+  names.reserve(parents.size());
   for (const Parent& parent : parents) names.push_back(parent.name);
   list.setItems(std::move(names));
   list.selectText(chosen);

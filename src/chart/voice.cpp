@@ -44,7 +44,7 @@ void setGroupKeys(rec::pc& voice) {
 std::string drawVoiceNumber(Session& session) {
   session.pr.spinLock(kCounter);
   const bool drawn = advanceCounter(session);
-  const std::string code = drawn ? common::zeroFill(session.pr.A.valore, 5) : std::string();
+  std::string code = drawn ? common::zeroFill(session.pr.A.valore, 5) : std::string();
   session.pr.unlock(kCounter);
   return code;
 }

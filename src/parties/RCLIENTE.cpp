@@ -72,7 +72,7 @@ void Rcliente::registerCustomer() {
   if (!hasName() || !hasVatCodes()) return;
   rec::pc& customer = session_.pc.A;
   customer = {};
-  card_.store(customer);
+  if (!card_.store(customer)) return;
   customer.tipo = kCustomers.tipo;
   customer.mastro = kCreditsMastro;
   customer.conto = kCustomersConto;

@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "archives/cpag.h"
-#include "chart/account_field.h"
 #include "common/amount.h"
 #include "common/date.h"
 #include "common/mask.h"
@@ -228,9 +227,14 @@ void AgentPage::load() {
 
 Layout AgentPage::layout() const { return column({row({agente}), row({provvigione}), row({tipoprovv})}); }
 
-std::string AgentPage::code(int position) const {
-  if (agente.index() < 0 || !readVoice(session, agente.text(), position)) return {};
-  return session.pc.primaryKey();
+bool AgentPage::readCode(std::string& code, int position) const {
+  code.clear();
+  if (agente.index() < 0) return true;
+  const store::Code result = session.pc.search(1, agente.text());
+  if (result == store::kOk) code = session.pc.primaryKey();
+  if (result == store::kOk || result == store::kNotFound) return true;
+  session.CheckArchiveResult(store::Operation::read, session.pc.code, position);
+  return false;
 }
 
 // --- Fatturazione ---
@@ -326,7 +330,7 @@ Layout CustomerCard::layout() const {
                        fatturazione.layout(), column({note}), destinazioni.layout()});
 }
 
-void CustomerCard::store(rec::pc& customer) const {
+bool CustomerCard::store(rec::pc& customer) const {
   anagrafica.store(customer);
   banca.store(customer);
   pagamento.store(customer);
@@ -334,15 +338,14 @@ void CustomerCard::store(rec::pc& customer) const {
   sconti.store(customer);
   statistiche.store(customer);
   listino.store(customer);
-  customer.agente1 = agente1.code(4021);
   customer.provvigione1 = agente1.provvigione.number();
   customer.tipoprovv1 = agente1.kind();
-  customer.agente2 = agente2.code(4022);
   customer.provvigione2 = agente2.provvigione.number();
   customer.tipoprovv2 = agente2.kind();
   fatturazione.store(customer);
   customer.note = note.text();
   destinazioni.store(customer);
+  return agente1.readCode(customer.agente1, 4021) && agente2.readCode(customer.agente2, 4022);
 }
 
 void CustomerCard::clear() {

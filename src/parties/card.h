@@ -117,7 +117,9 @@ struct AgentPage {
   AgentPage(Session& of, ui::Form& owner, const Names& names);
   void load();  // the agents by name; the one chosen stays
   ui::Layout layout() const;
-  std::string code(int position) const;  // of the agent chosen, read by its name; empty when there is none
+  // The code of the agent chosen, read by the name; empty when there is none. False when the read failed,
+  // which has been reported with `position`.
+  bool readCode(std::string& code, int position) const;
   std::int16_t kind() const { return static_cast<std::int16_t>(tipoprovv.index()); }
 
   Session& session;
@@ -166,7 +168,9 @@ struct CustomerCard {
   CustomerCard(Session& session, ui::Form& form);
   void load();  // fills the lists
   ui::Layout layout() const;
-  void store(rec::pc& customer) const;  // the fields of the screen, `saldo` as the initial one
+  // The fields of the screen, `saldo` as the initial one. False when an agent could not be read, which has
+  // been reported.
+  bool store(rec::pc& customer) const;
   void clear();
 
   ui::Form& form;
