@@ -185,15 +185,15 @@ std::vector<ui::Form*> Driver::forms() const {
 }
 
 ui::Form* Driver::top() const {
-  for (auto it = standing_.rbegin(); it != standing_.rend(); ++it)
-    if (it->form->isOpen()) return it->form;
-  return nullptr;
+  const auto open = forms();
+  return open.empty() ? nullptr : open.back();
 }
 
 ui::Form* Driver::modal() const {
-  for (auto it = standing_.rbegin(); it != standing_.rend(); ++it)
-    if (it->modal && it->form->isOpen()) return it->form;
-  return nullptr;
+  ui::Form* innermost = nullptr;
+  for (const Standing& standing : standing_)
+    if (standing.modal && standing.form->isOpen()) innermost = standing.form;
+  return innermost;
 }
 
 bool Driver::isModal(const ui::Form& form) const {

@@ -11,8 +11,6 @@
 #include <string_view>
 #include <system_error>
 
-extern char** environ;
-
 namespace driver {
 namespace {
 

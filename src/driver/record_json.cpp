@@ -41,12 +41,13 @@ Json toJson(const archives::Entry& entry, std::string_view key, std::string_view
 
 std::string mergeJson(const Json& object, std::span<archives::NamedField> fields) {
   if (!object.is_object()) return "the record is no JSON object";
-  for (const auto& [name, given] : object.items()) {
+  for (const auto& item : object.items()) {
+    const std::string& name = item.key();
     if (name == "key") continue;
     const bool known = std::any_of(fields.begin(), fields.end(),
                                    [&](const archives::NamedField& field) { return field.name == name; });
     if (!known) return "no such field: " + name;
-    if (!put(fields, name, given)) return "not what the field holds: " + name;
+    if (!put(fields, name, item.value())) return "not what the field holds: " + name;
   }
   return {};
 }

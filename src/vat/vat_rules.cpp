@@ -99,6 +99,7 @@ std::vector<Violation> checkVatRows(Session& session) {
   }
   if (!wrong.empty()) nameRecords(session, wrong);
   std::vector<Violation> violations;
+  violations.reserve(wrong.size());
   for (auto& [key, violation] : wrong) violations.push_back(std::move(violation));
   return violations;
 }

@@ -13,7 +13,7 @@ std::string compare(const json& answer, const json& wanted, const std::string& p
 
 std::string compareMembers(const json& answer, const json& wanted, const std::string& path) {
   for (const auto& [name, value] : wanted.items()) {
-    const std::string at = path + "/" + name;
+    const std::string at = std::string(path).append("/").append(name);
     if (!answer.contains(name)) return at + " is missing";
     if (auto fault = compare(answer[name], value, at); !fault.empty()) return fault;
   }

@@ -4,6 +4,8 @@
 // must hold (driver/match.h). A command without such a line must be carried out quietly: ok, no box, no beep.
 // The scenario starts in an empty directory, at 10:30 of the 15th of April 2003.
 
+#include <cstdio>
+#include <exception>
 #include <fstream>
 #include <iostream>
 #include <string>
@@ -63,11 +65,8 @@ int judge(const std::string& file, const Step& step, const json& answer) {
   return faults;
 }
 
-}  // namespace
-
-int main(int count, char** words) {
-  if (count != 2) return 2;
-  const std::string file = words[1];
+// How many things were wrong.
+int play(const std::string& file) {
   std::ifstream in(file);
   const auto steps = read(in);
   if (steps.empty()) {
@@ -85,5 +84,17 @@ int main(int count, char** words) {
     ++faults;
     std::cout << file << ':' << steps[answers.size()].line << ": the program ended before this command\n";
   }
-  return faults ? 1 : 0;
+  return faults;
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+  if (count != 2) return 2;
+  try {
+    return play(words[1]) ? 1 : 0;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s: %s\n", words[1], error.what());
+    return 1;
+  }
 }
