@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <chrono>
 #include <thread>
 #include <utility>
@@ -12,6 +13,18 @@
 #include "store/errors.h"
 
 namespace store {
+namespace {
+
+std::uint64_t hashOf(std::string_view key) {
+  std::uint64_t hash = 0xCBF29CE484222325;  // FNV-1a, 64 bits
+  for (const char byte : key) {
+    hash ^= static_cast<unsigned char>(byte);
+    hash *= 0x100000001B3;
+  }
+  return hash ^ (hash >> 32);
+}
+
+}  // namespace
 
 LockFile::~LockFile() { close(); }
 
@@ -35,12 +48,12 @@ void LockFile::close() {
   if (descriptor_ >= 0) ::close(std::exchange(descriptor_, -1));
 }
 
-Code LockFile::change(short kind, std::uint64_t byte) {
+Code LockFile::change(short kind, std::uint64_t first, std::uint64_t bytes) {
   struct flock lock {};
   lock.l_type = kind;
   lock.l_whence = SEEK_SET;
-  lock.l_start = static_cast<off_t>(byte);
-  lock.l_len = 1;
+  lock.l_start = static_cast<off_t>(first);
+  lock.l_len = static_cast<off_t>(bytes);
   int result = 0;
   do {
     result = ::fcntl(descriptor_, F_OFD_SETLK, &lock);
@@ -51,20 +64,25 @@ Code LockFile::change(short kind, std::uint64_t byte) {
   return codeOfErrno(errno);
 }
 
-Code LockFile::tryExclusive(std::uint64_t byte) { return change(F_WRLCK, byte); }
-Code LockFile::tryShared(std::uint64_t byte) { return change(F_RDLCK, byte); }
-Code LockFile::release(std::uint64_t byte) { return change(F_UNLCK, byte); }
+Code LockFile::tryExclusive(std::uint64_t byte) { return change(F_WRLCK, byte, 1); }
+Code LockFile::tryShared(std::uint64_t byte) { return change(F_RDLCK, byte, 1); }
+Code LockFile::release(std::uint64_t byte) { return change(F_UNLCK, byte, 1); }
+
+Code LockFile::releaseAll(std::uint64_t first, std::uint64_t bytes) { return change(F_UNLCK, first, bytes); }
 
 std::uint64_t lockByte(std::string_view key) {
-  std::uint64_t hash = 0xCBF29CE484222325;  // FNV-1a, 64 bits
-  for (const char byte : key) {
-    hash ^= static_cast<unsigned char>(byte);
-    hash *= 0x100000001B3;
-  }
-  hash ^= hash >> 32;
   constexpr std::uint64_t kReserved = 16;  // the bytes of PRESENCE and its kin
   constexpr std::uint64_t kRoom = (1ULL << 62) - kReserved;
-  return (1ULL << 62) + kReserved + hash % kRoom;
+  return (1ULL << 62) + kReserved + hashOf(key) % kRoom;
+}
+
+std::uint64_t intentByte(std::string_view key) {
+  constexpr std::uint64_t kNumbers = 1ULL << 60;
+  std::uint64_t value = 0;
+  const std::string_view digits = key.substr(std::min(key.find_first_not_of(' '), key.size()));
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  const bool isNumber = error == std::errc() && end == digits.data() + digits.size() && value < kNumbers;
+  return kIntentBytes + (isNumber ? value : kNumbers + hashOf(key) % kNumbers);
 }
 
 void LockWait::once() {

@@ -34,9 +34,10 @@ class LockFile {
   Code tryExclusive(std::uint64_t byte);
   Code tryShared(std::uint64_t byte);
   Code release(std::uint64_t byte);  // harmless when not held
+  Code releaseAll(std::uint64_t first, std::uint64_t bytes);
 
  private:
-  Code change(short kind, std::uint64_t byte);
+  Code change(short kind, std::uint64_t first, std::uint64_t bytes);
   int descriptor_ = -1;
 };
 
@@ -45,6 +46,11 @@ class LockFile {
 // share a byte: who counts his locks counts them by byte.
 std::uint64_t lockByte(std::string_view key);
 
+// Where the intent to add a record of that key lies, below the record locks. Keys that are numbers lie side
+// by side in their order: the system keeps neighbours as one lock, and a group may add thousands.
+std::uint64_t intentByte(std::string_view key);
+
+inline constexpr std::uint64_t kIntentBytes = 1ULL << 61;         // the first of them, and how many
 inline constexpr std::uint64_t kPresenceByte = (1ULL << 62) + 0;  // shared by each running station
 inline constexpr std::uint64_t kGroupByte = (1ULL << 62) + 1;     // the mutex of groups
 inline constexpr std::uint64_t kLogByte = (1ULL << 62) + 2;       // the mutex of the log file itself

@@ -3,12 +3,6 @@
 #include <algorithm>
 
 namespace store {
-namespace {
-
-std::uint64_t intentByte(std::string_view key) { return lockByte(std::string("\1intent ").append(key)); }
-
-}  // namespace
-
 Code RecordLocks::open() { return file_.isOpen() ? kOk : file_.open(path_); }
 
 void RecordLocks::close() {
@@ -53,8 +47,7 @@ void RecordLocks::beginGroup() {
 
 void RecordLocks::endGroup(bool committed) {
   inGroup_ = false;
-  for (const std::string& key : intents_) dropIntent(key);
-  intents_.clear();
+  if (file_.isOpen()) file_.releaseAll(kIntentBytes, kIntentBytes);
   for (auto at = held_.begin(); at != held_.end();) {
     Held& held = at->second;
     if (!committed) held.count = std::min(held.count, held.before);
@@ -64,9 +57,7 @@ void RecordLocks::endGroup(bool committed) {
 
 Code RecordLocks::takeIntent(std::string_view key) {
   if (const Code code = open()) return code;
-  const Code code = file_.tryExclusive(intentByte(key));
-  if (code == kOk && inGroup_) intents_.emplace_back(key);
-  return code;
+  return file_.tryExclusive(intentByte(key));
 }
 
 void RecordLocks::dropIntent(std::string_view key) { file_.release(intentByte(key)); }

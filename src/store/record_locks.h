@@ -8,7 +8,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "store/locks.h"
 
@@ -47,7 +46,6 @@ class RecordLocks {
   std::string path_;
   LockFile file_;
   Map held_;
-  std::vector<std::string> intents_;  // of the group
   bool inGroup_ = false;
 };
 
