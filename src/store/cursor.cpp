@@ -14,10 +14,11 @@ bool comesFirst(const Row& a, const Row& b, Way way) {
   return way == Way::forward ? left < right : right < left;
 }
 
-void deliver(const Row& row, Found& found) {
+// The row is done with: its record is handed over, its keys stay.
+void deliver(Row& row, Found& found) {
   found.indexKey = row.indexKey;
   found.primaryKey = row.primaryKey;
-  found.record = row.record;
+  std::swap(found.record, row.record);
 }
 
 }  // namespace
@@ -36,7 +37,7 @@ void Cursor::standOn(const Row& row) {
 }
 
 // The next row of the archive itself that the group has not touched; nullptr at the end.
-Code Cursor::peek(const Source& source, int index, Way way, const Row*& row) {
+Code Cursor::peek(const Source& source, int index, Way way, Row*& row) {
   row = nullptr;
   for (;;) {
     for (; next_ < rows_.size(); ++next_) {
@@ -70,7 +71,7 @@ Code Cursor::step(const Source& source, int index, Way way, Found& found) {
     epoch_ = source.epoch;
     filled_ = true;
   }
-  const Row* row = nullptr;
+  Row* row = nullptr;
   if (const Code code = peek(source, index, way, row)) return code;
   if (source.overlay && source.overlay->read(index, place_, way, written_) &&
       (!row || comesFirst(written_, *row, way))) {

@@ -29,7 +29,7 @@ class Cursor {
 
  private:
   void moveTo(Place::At at, std::string_view key);
-  Code peek(const Source& source, int index, Way way, const Row*& row);
+  Code peek(const Source& source, int index, Way way, Row*& row);
   void standOn(const Row& row);
 
   Place place_;

@@ -23,8 +23,9 @@ struct Row {
 class RowBatch {
  public:
   std::size_t size() const { return used_; }
-  const Row& operator[](std::size_t i) const { return rows_[i]; }
+  Row& operator[](std::size_t i) { return rows_[i]; }
   void clear() { used_ = 0; }
+  void dropLast() { --used_; }
   Row& add() {
     if (used_ == rows_.size()) rows_.emplace_back();
     return rows_[used_++];
@@ -60,7 +61,8 @@ class Table {
 
   virtual Code find(std::string_view primaryKey, std::string& record) = 0;  // kNotFound
   // The rows beyond `place` in that direction, ordered by key, then primary key: at most `limit`, fewer when
-  // they are large. `atEnd`: no row stands behind the last one delivered.
+  // they are large or the next one is damaged, which fails when it comes first. `atEnd`: no row stands behind
+  // the last one delivered.
   virtual Code read(int index, const Place& place, Way way, std::size_t limit, RowBatch& rows,
                     bool& atEnd) = 0;
 

@@ -33,8 +33,8 @@ class LockFile {
   // however often it was taken.
   Code tryExclusive(std::uint64_t byte);
   Code tryShared(std::uint64_t byte);
-  Code release(std::uint64_t byte);  // harmless when not held
-  Code releaseAll(std::uint64_t first, std::uint64_t bytes);
+  Code release(std::uint64_t byte);                           // harmless when not held
+  Code releaseAll(std::uint64_t first, std::uint64_t bytes);  // 0 bytes: all from `first` on
 
  private:
   Code change(short kind, std::uint64_t first, std::uint64_t bytes);

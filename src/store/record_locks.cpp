@@ -47,17 +47,26 @@ void RecordLocks::beginGroup() {
 
 void RecordLocks::endGroup(bool committed) {
   inGroup_ = false;
-  if (file_.isOpen()) file_.releaseAll(kIntentBytes, kIntentBytes);
-  for (auto at = held_.begin(); at != held_.end();) {
-    Held& held = at->second;
+  bool keeps = false;
+  for (auto& [key, held] : held_) {
     if (!committed) held.count = std::min(held.count, held.before);
-    at = held.count == 0 ? letGo(at) : std::next(at);
+    keeps = keeps || held.count != 0;
   }
+  if (!keeps && (intends_ || !held_.empty())) {
+    file_.releaseAll(kIntentBytes, 0);  // at one go: the record locks lie behind the intents
+    held_.clear();
+  } else if (intends_) {
+    file_.releaseAll(kIntentBytes, kIntentBytes);
+  }
+  intends_ = false;
+  for (auto at = held_.begin(); at != held_.end();) at = at->second.count == 0 ? letGo(at) : std::next(at);
 }
 
 Code RecordLocks::takeIntent(std::string_view key) {
   if (const Code code = open()) return code;
-  return file_.tryExclusive(intentByte(key));
+  const Code code = file_.tryExclusive(intentByte(key));
+  if (code == kOk && inGroup_) intends_ = true;
+  return code;
 }
 
 void RecordLocks::dropIntent(std::string_view key) { file_.release(intentByte(key)); }

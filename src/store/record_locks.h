@@ -46,7 +46,7 @@ class RecordLocks {
   std::string path_;
   LockFile file_;
   Map held_;
-  bool inGroup_ = false;
+  bool inGroup_ = false, intends_ = false;  // intends_: in this group
 };
 
 }  // namespace store

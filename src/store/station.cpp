@@ -85,9 +85,11 @@ Code RecordStore::Impl::create(const std::string& stem, int keyLength, const std
 
 Code RecordStore::Impl::open(const std::string& stem, Handle& handle) {
   handle = 0;
-  if (!engine->exists(stem)) return kSystem;
+  const auto known = members.find(stem);
+  const bool pooled = known != members.end() && known->second.table && !known->second.table->stale();
+  if (!pooled && !engine->exists(stem)) return kSystem;
   Member& member = memberOf(stem);
-  if (const Code code = catchUp(member.company)) return code;
+  if (const Code code = enter(member.company)) return code;
   if (const Code code = connect(member)) return code;
   ++member.handles;
   handle = ++lastHandle;
@@ -174,7 +176,7 @@ Code RecordStore::Impl::lock(Handle handle, std::string_view primaryKey) {
     return code;
   }
   lockWait.reset();
-  if (code != kOk) return code;
+  if (code != kOk || inGroup(member)) return code;
   // Its last holder may have died behind a commit: what is read under the lock must have that in it.
   const Code caughtUp = catchUp(member.company);
   if (caughtUp != kOk) member.locks.unlock(primaryKey);

@@ -199,7 +199,10 @@ Code EmbeddedTable::read(int index, const Place& place, Way way, std::size_t lim
     Row& row = rows.add();
     row.indexKey.assign(statement.bytes(0));
     row.primaryKey.assign(statement.bytes(1));
-    if (!unseal(row.primaryKey, statement.bytes(2), row.record)) return kDisk;
+    if (!unseal(row.primaryKey, statement.bytes(2), row.record)) {
+      rows.dropLast();
+      return rows.size() ? kOk : kDisk;
+    }
     bytes += row.record.size();
   }
   return kOk;
