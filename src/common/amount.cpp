@@ -37,7 +37,7 @@ double cutVat(double amount) {
 
 double vatOf(double taxable, double ratePercent) { return cutVat(snapped(taxable * ratePercent / 100)); }
 
-double lireToEuro(double lire, double rate) {
+double LireToEuro(double lire, double rate) {
   if (rate == 0) rate = 1;
   const double thousandths = std::trunc(snapped(std::fabs(lire) / rate * 1000));
   double cents = std::trunc(thousandths / 10);

@@ -18,7 +18,7 @@ double vatOf(double taxable, double ratePercent);  // cutVat(taxable * rate / 10
 
 // Lire to Euro at `rate` Lire for one Euro (0 reads as 1): half up on the third decimal, what stands
 // beyond it is cut; the sign is kept.
-double lireToEuro(double lire, double rate);
+double LireToEuro(double lire, double rate);
 
 inline constexpr double kEuroRate = 1936.27;
 

@@ -53,13 +53,13 @@ TEST_CASE("every half cent of a computed tax goes up, whatever the rate") {
 }
 
 TEST_CASE("Lire become Euro by the third decimal alone") {
-  CHECK(lireToEuro(1936.27, kEuroRate) == 1.00);
-  CHECK(lireToEuro(-1936.27, kEuroRate) == -1.00);
-  CHECK(lireToEuro(10000, kEuroRate) == 5.16);
-  CHECK(lireToEuro(1.2349, 1) == 1.23);
-  CHECK(lireToEuro(1.235, 0) == 1.24);
-  CHECK(lireToEuro(-1.235, 0) == -1.24);
-  CHECK(lireToEuro(1000000000000, kEuroRate) == 516456899.09);
+  CHECK(LireToEuro(1936.27, kEuroRate) == 1.00);
+  CHECK(LireToEuro(-1936.27, kEuroRate) == -1.00);
+  CHECK(LireToEuro(10000, kEuroRate) == 5.16);
+  CHECK(LireToEuro(1.2349, 1) == 1.23);
+  CHECK(LireToEuro(1.235, 0) == 1.24);
+  CHECK(LireToEuro(-1.235, 0) == -1.24);
+  CHECK(LireToEuro(1000000000000, kEuroRate) == 516456899.09);
 }
 
 TEST_CASE("a decimal comma is read and changed in the text") {
