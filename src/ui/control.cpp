@@ -58,6 +58,10 @@ void Control::focus() {
 
 void Control::on(Key key, std::function<void()> action) { keys_.emplace_back(key, std::move(action)); }
 
+bool Control::uses(Key key) const {
+  return std::any_of(keys_.begin(), keys_.end(), [key](const auto& at) { return at.first == key; });
+}
+
 Field::Field(Form& form, std::string_view name, std::string_view caption, const Mask& mask)
     : Control(form, name, caption), mask_(mask), edit_{std::string(mask_.blank()), 0, 0} {}
 Field::~Field() = default;

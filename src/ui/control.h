@@ -45,6 +45,7 @@ class Control {
 
   // While this control has the focus; comes before what the key does by itself.
   void on(Key key, std::function<void()> action);
+  bool uses(Key key) const;  // something is set for it
   std::function<void()> onEnter;
   std::function<Leave()> onLeave;  // stay: the focus does not move
   std::string hint;                // in the status bar while focused

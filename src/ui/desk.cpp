@@ -36,6 +36,8 @@ std::string_view nameOf(Icon icon) {
 
 Desk::~Desk() = default;
 
+void Desk::progress(std::size_t, std::size_t) {}
+
 void Desk::refuse(std::string text) {
   beep();
   show({std::move(text), "Errore", Ask::ok, Icon::warning});

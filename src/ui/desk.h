@@ -1,6 +1,7 @@
 // What a form asks of whoever runs it: boxes, other forms, the status bar, prints, files.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -52,6 +53,10 @@ class Desk {
   virtual void beep() = 0;
   virtual void status(int panel, std::string_view text) = 0;  // panels count from 1; 2 is the hint
   virtual void busy(bool on) = 0;                             // calls may nest
+
+  // How far a long operation is, within busy(true) and busy(false); a host without a screen shows nothing.
+  virtual void progress(std::size_t done, std::size_t all);
+
   virtual void preview(std::shared_ptr<const Report> report) = 0;
   virtual void print(std::shared_ptr<const Report> report) = 0;
 

@@ -67,6 +67,10 @@ void Form::close() {
 
 void Form::on(Key key, std::function<void()> action) { keys_.emplace_back(key, std::move(action)); }
 
+bool Form::uses(Key key) const {
+  return std::any_of(keys_.begin(), keys_.end(), [key](const auto& at) { return at.first == key; });
+}
+
 std::vector<Control*> Form::order() const {
   std::vector<Control*> order;
   for (Control* control : controls_) {

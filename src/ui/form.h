@@ -49,6 +49,7 @@ class Form {
 
   // Wherever the focus is; a control's own action for the key goes before.
   void on(Key key, std::function<void()> action);
+  bool uses(Key key) const;  // something is set for it
 
   // For hosts.
   void setView(View* view) { view_ = view; }
