@@ -1,0 +1,10 @@
+// "Informazioni su ...".
+#pragma once
+
+class QWidget;
+
+namespace desktop {
+
+void showAbout(QWidget* parent);
+
+}  // namespace desktop

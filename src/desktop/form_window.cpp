@@ -1,0 +1,55 @@
+#include "desktop/form_window.h"
+
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QScrollArea>
+
+#include "desktop/form_view.h"
+#include "desktop/key_bar.h"
+#include "desktop/words.h"
+
+namespace desktop {
+
+FormWindow::FormWindow(std::unique_ptr<ui::Form> form)
+    : QMdiSubWindow(nullptr, Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowMinMaxButtonsHint |
+                                 Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint),
+      form_(std::move(form)),
+      view_(new FormView(*form_)) {
+  setWindowTitle(text(form_->title()));
+  setWindowIcon(QIcon());
+  // Its bars appear only where the window is smaller than the form.
+  auto* scroll = new QScrollArea;
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setWidget(view_);
+  setWidget(scroll);
+}
+
+FormWindow::~FormWindow() { delete widget(); }
+
+QSize FormWindow::wanted() const { return view_->sizeHint() + QSize(4, 34); }
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();  // a form that closes takes its window away by itself
+  if (form_->isOpen()) view_->user().close();
+}
+
+ModalForm::ModalForm(ui::Form& form, QWidget* parent)
+    : QDialog(parent), form_(form), view_(new FormView(form)), keys_(new KeyBar) {
+  setWindowTitle(text(form.title()));
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(view_, 1);
+  column->addWidget(keys_);
+  view_->onClosed = [this] { accept(); };
+  view_->onFocus = [this] { keys_->showKeysOf(view_); };
+}
+
+void ModalForm::reject() {
+  if (form_.isOpen()) view_->user().close();
+}
+
+}  // namespace desktop

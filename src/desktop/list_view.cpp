@@ -1,0 +1,125 @@
+#include "desktop/list_view.h"
+
+#include <QAbstractTableModel>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <algorithm>
+
+#include "desktop/words.h"
+
+namespace desktop {
+
+class ListView::Model : public QAbstractTableModel {
+ public:
+  Model(const ui::List& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {}
+
+  int rowCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : static_cast<int>(list_.rows().count());
+  }
+  int columnCount(const QModelIndex&) const override { return static_cast<int>(list_.columns().size()); }
+
+  QVariant data(const QModelIndex& at, int role) const override {
+    const auto row = static_cast<std::size_t>(at.row()), column = static_cast<std::size_t>(at.column());
+    if (role == Qt::DisplayRole) return text(list_.rows().cell(row, column));
+    return role == Qt::TextAlignmentRole ? alignment(column) : QVariant();
+  }
+
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (orientation != Qt::Horizontal) return {};
+    const auto column = static_cast<std::size_t>(section);
+    if (role == Qt::DisplayRole) return text(list_.columns()[column].title);
+    return role == Qt::TextAlignmentRole ? alignment(column) : QVariant();
+  }
+
+  void reset() {
+    beginResetModel();
+    endResetModel();
+  }
+
+ private:
+  QVariant alignment(std::size_t column) const {
+    return int((list_.columns()[column].right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+  }
+  const ui::List& list_;
+};
+
+ListView::ListView(ui::List& list, ui::User& user, QWidget* parent)
+    : QTableView(parent), list_(list), user_(user), model_(new Model(list, this)) {
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(list.takesSeveral() ? ExtendedSelection : SingleSelection);
+  setAlternatingRowColors(true);
+  setShowGrid(false);
+  setWordWrap(false);
+  setTabKeyNavigation(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+  verticalHeader()->setMinimumSectionSize(10);
+  horizontalHeader()->setHighlightSections(false);
+  setModel(model_);
+  for (std::size_t i = 0; i < list.columns().size(); ++i)
+    setColumnWidth(static_cast<int>(i), chars(list.columns()[i].width));
+  horizontalHeader()->setStretchLastSection(true);
+  connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { push(); });
+  connect(this, &QTableView::doubleClicked, this,
+          [this](const QModelIndex& at) { user_.pick(list_, at.row()); });
+}
+
+int ListView::chars(int count) const {
+  return fontMetrics().horizontalAdvance(QLatin1Char('0')) * count + 14;
+}
+
+QSize ListView::sizeHint() const {
+  int width = 22;
+  for (const ui::ListColumn& column : list_.columns()) width += chars(column.width);
+  return {std::min(width, 900), 10 * verticalHeader()->defaultSectionSize() + 32};
+}
+
+void ListView::pull() {
+  const QScopedValueRollback guard(pulling_, true);
+  // A new set of rows may stand where the old one stood: its length tells, and what is in sight is drawn
+  // anew.
+  if (shown_ != &list_.rows() || count_ != list_.rows().count()) {
+    model_->reset();
+    shown_ = &list_.rows();
+    count_ = shown_->count();
+  } else {
+    viewport()->update();
+  }
+  QItemSelection rows;
+  for (const int row : list_.selectedRows())
+    rows.select(model_->index(row, 0), model_->index(row, static_cast<int>(list_.columns().size()) - 1));
+  selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+  if (list_.selected() < 0) return;
+  const QModelIndex first = model_->index(list_.selectedRows().back(), 0);
+  selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+  scrollTo(first);
+}
+
+void ListView::push() {
+  if (pulling_) return;
+  std::vector<int> rows;
+  for (const QItemSelectionRange& range : selectionModel()->selection())
+    for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+  std::sort(rows.begin(), rows.end());
+  if (rows == list_.selectedRows()) return;
+  if (!user_.select(list_, std::move(rows))) pull();
+}
+
+// The form's own keys come first (form_view); of what is left the list needs the ends.
+void ListView::keyPressEvent(QKeyEvent* event) {
+  const auto count = static_cast<int>(list_.rows().count());
+  if (event->key() == Qt::Key_Home && count > 0) {
+    user_.select(list_, 0);
+  } else if (event->key() == Qt::Key_End && count > 0) {
+    user_.select(list_, count - 1);
+  } else if (list_.takesSeveral() && (event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier))) {
+    QTableView::keyPressEvent(event);
+  } else {
+    event->ignore();
+  }
+}
+
+}  // namespace desktop
