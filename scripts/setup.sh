@@ -20,3 +20,8 @@ tarvex_need_build() {
   tarvex_need g++ cmake ninja-build ccache pkg-config ca-certificates \
     libsqlite3-dev libsodium-dev nlohmann-json3-dev
 }
+
+# The window: what it is built from, its fonts, and the reader by which the tests check PDFs.
+tarvex_need_desktop() {
+  tarvex_need qt6-base-dev qt6-svg-dev libgl-dev fonts-liberation2 fonts-open-sans poppler-utils
+}
