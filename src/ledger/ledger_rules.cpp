@@ -9,6 +9,7 @@
 #include "archives/mc.h"
 #include "archives/pc.h"
 #include "common/amount.h"
+#include "session/scan.h"
 
 namespace tarvex {
 namespace {
@@ -28,18 +29,6 @@ struct Journal {
 };
 
 bool differ(double a, double b) { return common::roundBalance(a - b) != 0; }
-
-// Every record of the archive; false when it cannot be read to its end, which has been reported.
-template <class R, class Each>
-bool scan(Session& session, int openPosition, int closePosition, int readPosition, const Each& each) {
-  OpenArchive<R> archive(session, openPosition, closePosition);
-  if (!archive->isOpen()) return false;
-  archive->bof(0);
-  while (archive->next(0) == store::kOk) each(*archive);
-  if (session.store.LastArchiveResult == store::kNotFound) return true;
-  session.CheckArchiveResult(store::Operation::read, archives::Layout<R>::code, readPosition);
-  return false;
-}
 
 template <class Each>
 bool scanJournal(Session& session, const Each& each) {

@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include "store/errors.h"
+#include "store/files.h"
 #include "store/group_log_bytes.h"
 
 namespace store {
@@ -47,16 +48,6 @@ Code truncateAt(int descriptor, std::uint64_t size) {
     result = ::ftruncate(descriptor, static_cast<off_t>(size));
   } while (result < 0 && errno == EINTR);
   return result < 0 ? codeOfErrno(errno) : kOk;
-}
-
-// Makes the name of a new file durable, too.
-Code syncDirectoryOf(const std::string& path) {
-  const std::filesystem::path parent = std::filesystem::path(path).parent_path();
-  const int descriptor = ::open(parent.empty() ? "." : parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return codeOfErrno(errno);
-  const int error = ::fsync(descriptor) < 0 ? errno : 0;
-  ::close(descriptor);
-  return error == 0 || error == EINVAL ? kOk : codeOfErrno(error);  // EINVAL: a share that cannot do it
 }
 
 Code drawLogId(std::uint64_t& id) {

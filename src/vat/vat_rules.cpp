@@ -10,6 +10,7 @@
 #include "common/amount.h"
 #include "common/date.h"
 #include "common/text.h"
+#include "session/scan.h"
 
 namespace tarvex {
 namespace {
@@ -29,18 +30,6 @@ std::string keyOf(const rec::iv& row) {
   return row.registro + "/" + row.numero + "/" + common::DateToKey(row.datareg);
 }
 bool isOfSales(const rec::mc& row) { return row.causale == "fv" || row.causale == "cv"; }
-
-// Every record of the archive; false when it cannot be read to its end, which has been reported.
-template <class R, class Each>
-bool scan(Session& session, int openPosition, int closePosition, int readPosition, const Each& each) {
-  OpenArchive<R> archive(session, openPosition, closePosition);
-  if (!archive->isOpen()) return false;
-  archive->bof(0);
-  while (archive->next(0) == store::kOk) each(*archive);
-  if (session.store.LastArchiveResult == store::kNotFound) return true;
-  session.CheckArchiveResult(store::Operation::read, archives::Layout<R>::code, readPosition);
-  return false;
-}
 
 template <class Each>
 bool scanJournal(Session& session, const Each& each) {

@@ -14,6 +14,7 @@
 #include "store/embedded/table.h"
 #include "store/embedded/vfs.h"
 #include "store/errors.h"
+#include "store/files.h"
 #include "store/locks.h"
 
 namespace store {

@@ -1,6 +1,5 @@
 #include "store/embedded/family.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -35,16 +34,6 @@ Code Family::remove() const {
 std::string textOf(const Descriptor& descriptor) {
   return "Archivio, non modificare\n" + std::to_string(descriptor.keyLength) + '\n' + descriptor.format +
          '\n';
-}
-
-Code syncDirectoryOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  const std::string directory = slash == std::string::npos ? "." : path.substr(0, slash + 1);
-  const int descriptor = ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return codeOfErrno(errno);
-  const Code result = ::fsync(descriptor) == 0 ? kOk : codeOfErrno(errno);
-  ::close(descriptor);
-  return result;
 }
 
 }  // namespace store::embedded

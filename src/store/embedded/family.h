@@ -33,7 +33,4 @@ struct Descriptor {
 };
 std::string textOf(const Descriptor& descriptor);
 
-// Makes the name of a new file certain on the disk.
-Code syncDirectoryOf(const std::string& path);
-
 }  // namespace store::embedded
