@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 
 #include "archives/civa.h"
 #include "archives/cpag.h"
@@ -21,6 +22,7 @@
 #include "archives/si.h"
 #include "archives/st.h"
 #include "archives/tt.h"
+#include "store/format.h"
 
 namespace archives {
 namespace {
@@ -28,9 +30,7 @@ namespace {
 template <class R>
 Entry typed(Scope scope, int keyLength) {
   using L = Layout<R>;
-  Entry entry{L::prefix, scope, keyLength, L::format, L::code, {}};
-  std::apply([&](const auto&... f) { (entry.names.push_back(f.name), ...); }, L::fields);
-  return entry;
+  return {L::prefix, scope, keyLength, L::format, L::code, Codec<R>::names()};
 }
 
 // An archive without a typed record: its fields are told apart by their numbers.

@@ -23,11 +23,4 @@ struct archives::Layout<rec::civa> {
   static constexpr std::string_view prefix = "civa";
   static constexpr int code = 9;
   static constexpr std::string_view format = "x5$,#,%,$";
-  static constexpr std::tuple fields{
-      field("codice", &rec::civa::codice, {5}),
-      field("aliquota", &rec::civa::aliquota),
-      field("indetraibile", &rec::civa::indetraibile),
-      field("descrizione", &rec::civa::descrizione),
-  };
-  static_assert(formatOf(fields) == format);
 };

@@ -26,14 +26,4 @@ struct archives::Layout<rec::cpag> {
   static constexpr std::string_view prefix = "cpag";
   static constexpr int code = 20;
   static constexpr std::string_view format = "x40$,$,%,%,%,%,%";
-  static constexpr std::tuple fields{
-      field("descrizione", &rec::cpag::descrizione, {40}),
-      field("tipo", &rec::cpag::tipo),
-      field("numrate", &rec::cpag::numrate),
-      field("primarata", &rec::cpag::primarata),
-      field("giorno", &rec::cpag::giorno),
-      field("agosto", &rec::cpag::agosto),
-      field("saltaagosto", &rec::cpag::saltaagosto),
-  };
-  static_assert(formatOf(fields) == format);
 };

@@ -23,10 +23,4 @@ struct archives::Layout<rec::ct> {
   static constexpr std::string_view prefix = "ct";
   static constexpr int code = 2;
   static constexpr std::string_view format = "$,$,$,$,$,$";
-  static constexpr std::tuple fields{
-      field("cheflag", &rec::ct::cheflag),       field("chpflag", &rec::ct::chpflag),
-      field("bapflag", &rec::ct::bapflag),       field("trapaflag", &rec::ct::trapaflag),
-      field("tradocflag", &rec::ct::tradocflag), field("bapdata", &rec::ct::bapdata),
-  };
-  static_assert(formatOf(fields) == format);
 };

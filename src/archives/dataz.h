@@ -26,11 +26,4 @@ struct archives::Layout<rec::dataz> {
   static constexpr std::string_view prefix = "dataz";
   static constexpr int code = 3;
   static constexpr std::string_view format = "x40$,$,$,$,%,%,$";
-  static constexpr std::tuple fields{
-      field("ragsoc", &rec::dataz::ragsoc, {40}), field("indirizzo", &rec::dataz::indirizzo),
-      field("citta", &rec::dataz::citta),         field("partitaiva", &rec::dataz::partitaiva),
-      field("stato", &rec::dataz::stato),         field("stato2", &rec::dataz::stato2),
-      field("password", &rec::dataz::password),
-  };
-  static_assert(formatOf(fields) == format);
 };

@@ -27,16 +27,4 @@ struct archives::Layout<rec::fa> {
   static constexpr std::string_view prefix = "fa";
   static constexpr int code = 13;
   static constexpr std::string_view format = "$,x5$,x10$,x2$,x10$,#,x5$,x5$,$";
-  static constexpr std::tuple fields{
-      field("data", &rec::fa::data),
-      field("cliente", &rec::fa::cliente, {5}),
-      field("zona", &rec::fa::zona, {10}),
-      field("provincia", &rec::fa::provincia, {2}),
-      field("tipocliente", &rec::fa::tipocliente, {10}),
-      field("importo", &rec::fa::importo),
-      field("agente1", &rec::fa::agente1, {5}),
-      field("agente2", &rec::fa::agente2, {5}),
-      field("riservato", &rec::fa::riservato),
-  };
-  static_assert(formatOf(fields) == format);
 };

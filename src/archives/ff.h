@@ -20,10 +20,4 @@ struct archives::Layout<rec::ff> {
   static constexpr std::string_view prefix = "ff";
   static constexpr int code = 33;
   static constexpr std::string_view format = "$,$,#";
-  static constexpr std::tuple fields{
-      field("codice", &rec::ff::codice),
-      field("riservato", &rec::ff::riservato),
-      field("utilizzi", &rec::ff::utilizzi),
-  };
-  static_assert(formatOf(fields) == format);
 };

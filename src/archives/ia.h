@@ -31,20 +31,4 @@ struct archives::Layout<rec::ia> {
   static constexpr std::string_view prefix = "ia";
   static constexpr int code = 6;
   static constexpr std::string_view format = "$,x5$,$,$,x5$,#,$,$,#,$,x6$,$,$";
-  static constexpr std::tuple fields{
-      field("mese", &rec::ia::mese),
-      field("protocollo", &rec::ia::protocollo, {5}),
-      field("numero", &rec::ia::numero),
-      field("datadoc", &rec::ia::datadoc),
-      field("conto", &rec::ia::conto, {5}),
-      field("imponibile", &rec::ia::imponibile),
-      field("codiva", &rec::ia::codiva),
-      field("aliquota", &rec::ia::aliquota),
-      field("imposta", &rec::ia::imposta),
-      field("registro", &rec::ia::registro),
-      field("chiavereg", &rec::ia::chiavereg, {6}),
-      field("datareg", &rec::ia::datareg),
-      field("riservato", &rec::ia::riservato),
-  };
-  static_assert(formatOf(fields) == format);
 };

@@ -29,18 +29,4 @@ struct archives::Layout<rec::iv> {
   static constexpr std::string_view prefix = "iv";
   static constexpr int code = 5;
   static constexpr std::string_view format = "$,x5$,$,x5$,#,$,$,#,$,x6$,$";
-  static constexpr std::tuple fields{
-      field("mese", &rec::iv::mese),
-      field("numero", &rec::iv::numero, {5}),
-      field("datadoc", &rec::iv::datadoc),
-      field("conto", &rec::iv::conto, {5}),
-      field("imponibile", &rec::iv::imponibile),
-      field("codiva", &rec::iv::codiva),
-      field("aliquota", &rec::iv::aliquota),
-      field("imposta", &rec::iv::imposta),
-      field("registro", &rec::iv::registro),
-      field("chiavereg", &rec::iv::chiavereg, {6}),
-      field("datareg", &rec::iv::datareg),
-  };
-  static_assert(formatOf(fields) == format);
 };

@@ -34,23 +34,4 @@ struct archives::Layout<rec::mc> {
   static constexpr std::string_view prefix = "mc";
   static constexpr int code = 8;
   static constexpr std::string_view format = "x8$,$,$,$,$,#,#,x8$,$,x19$,x13$,x14$,$,$,%,$";
-  static constexpr std::tuple fields{
-      field("datareg", &rec::mc::datareg, {8}),
-      field("numdoc", &rec::mc::numdoc),
-      field("datadoc", &rec::mc::datadoc),
-      field("protocollo", &rec::mc::protocollo),
-      field("conto", &rec::mc::conto),
-      field("dare", &rec::mc::dare),
-      field("avere", &rec::mc::avere),
-      field("nummov", &rec::mc::nummov, {8}),
-      field("descrizione", &rec::mc::descrizione),
-      field("chiavecontodoc", &rec::mc::chiavecontodoc, {19}),
-      field("chiavecontodata", &rec::mc::chiavecontodata, {13}),
-      field("chiavedatadoc", &rec::mc::chiavedatadoc, {14}),
-      field("causale", &rec::mc::causale),
-      field("registro", &rec::mc::registro),
-      field("daemissione", &rec::mc::daemissione),
-      field("riservato", &rec::mc::riservato),
-  };
-  static_assert(formatOf(fields) == format);
 };

@@ -20,9 +20,4 @@ struct archives::Layout<rec::pr> {
   static constexpr std::string_view prefix = "pr";
   static constexpr int code = 4;
   static constexpr std::string_view format = "&,$";
-  static constexpr std::tuple fields{
-      field("valore", &rec::pr::valore),
-      field("testo", &rec::pr::testo),
-  };
-  static_assert(formatOf(fields) == format);
 };

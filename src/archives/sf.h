@@ -26,16 +26,4 @@ struct archives::Layout<rec::sf> {
   static constexpr std::string_view prefix = "sf";
   static constexpr int code = 19;
   static constexpr std::string_view format = "$,$,x5$,#,x8$,$,x13$,$,$";
-  static constexpr std::tuple fields{
-      field("numero", &rec::sf::numero),
-      field("datafatt", &rec::sf::datafatt),
-      field("conto", &rec::sf::conto, {5}),
-      field("importo", &rec::sf::importo),
-      field("scadenza", &rec::sf::scadenza, {8}),
-      field("pagamento", &rec::sf::pagamento),
-      field("chiaveconto", &rec::sf::chiaveconto, {13}),
-      field("tipo", &rec::sf::tipo),
-      field("riservato9", &rec::sf::riservato9),
-  };
-  static_assert(formatOf(fields) == format);
 };

@@ -25,11 +25,4 @@ struct archives::Layout<rec::st> {
   static constexpr std::string_view prefix = "st";
   static constexpr int code = 18;
   static constexpr std::string_view format = "$,$,x5$,#,x8$,$,$,$";
-  static constexpr std::tuple fields{
-      field("numero", &rec::st::numero),          field("datafatt", &rec::st::datafatt),
-      field("conto", &rec::st::conto, {5}),       field("importo", &rec::st::importo),
-      field("scadenza", &rec::st::scadenza, {8}), field("riservato6", &rec::st::riservato6),
-      field("emessa", &rec::st::emessa),          field("riservato8", &rec::st::riservato8),
-  };
-  static_assert(formatOf(fields) == format);
 };

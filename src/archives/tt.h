@@ -23,10 +23,4 @@ struct archives::Layout<rec::tt> {
   static constexpr std::string_view prefix = "tt";
   static constexpr int code = 25;
   static constexpr std::string_view format = "x8$,$,$,$,$";
-  static constexpr std::tuple fields{
-      field("nummov", &rec::tt::nummov, {8}), field("voce", &rec::tt::voce),
-      field("testo", &rec::tt::testo),        field("codice", &rec::tt::codice),
-      field("importo", &rec::tt::importo),
-  };
-  static_assert(formatOf(fields) == format);
 };

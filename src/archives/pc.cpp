@@ -1,0 +1,76 @@
+#include "archives/pc.h"
+
+#include "archives/codec.h"
+
+namespace archives {
+
+template <>
+constexpr std::tuple kFields<rec::pc>{
+    field("ragsoc", &rec::pc::ragsoc, {30}),
+    field("indirizzo", &rec::pc::indirizzo),
+    field("citta", &rec::pc::citta),
+    field("partitaiva", &rec::pc::partitaiva, {16, 'X'}),
+    field("note", &rec::pc::note),
+    field("mastro", &rec::pc::mastro),
+    field("tipo", &rec::pc::tipo, {2}),
+    field("natura", &rec::pc::natura),
+    field("saldoiniziale", &rec::pc::saldoiniziale),
+    field("dare", &rec::pc::dare),
+    field("avere", &rec::pc::avere),
+    field("saldo", &rec::pc::saldo),
+    field("ragsoc2", &rec::pc::ragsoc2),
+    field("tipocliente", &rec::pc::tipocliente),
+    field("zona", &rec::pc::zona, {10, 'X'}),
+    field("agente1", &rec::pc::agente1, {5, 'X'}),
+    field("conto", &rec::pc::conto),
+    field("codice", &rec::pc::codice, {15, 'X'}),
+    field("cap", &rec::pc::cap),
+    field("provincia", &rec::pc::provincia, {2}),
+    field("partitaivaestero", &rec::pc::partitaivaestero),
+    field("codicefiscale", &rec::pc::codicefiscale),
+    field("pagamento", &rec::pc::pagamento),
+    field("email", &rec::pc::email),
+    field("banca", &rec::pc::banca),
+    field("abi", &rec::pc::abi),
+    field("cab", &rec::pc::cab),
+    field("nazione", &rec::pc::nazione),
+    field("provvigione1", &rec::pc::provvigione1),
+    field("tipoprovv1", &rec::pc::tipoprovv1),
+    field("sconto1", &rec::pc::sconto1),
+    field("sconto2", &rec::pc::sconto2),
+    field("sconto3", &rec::pc::sconto3),
+    field("scontoauto", &rec::pc::scontoauto),
+    field("listino", &rec::pc::listino),
+    field("riservato36", &rec::pc::riservato36),
+    field("dataultfatt", &rec::pc::dataultfatt),
+    field("fido", &rec::pc::fido),
+    field("telefono", &rec::pc::telefono),
+    field("fax", &rec::pc::fax),
+    field("scontocassa", &rec::pc::scontocassa),
+    field("esenteiva", &rec::pc::esenteiva),
+    field("codiceiva", &rec::pc::codiceiva),
+    field("fatturato", &rec::pc::fatturato),
+    field("fatturatoprec", &rec::pc::fatturatoprec),
+    field("sospensioneiva", &rec::pc::sospensioneiva),
+    field("agente2", &rec::pc::agente2),
+    field("provvigione2", &rec::pc::provvigione2),
+    field("tipoprovv2", &rec::pc::tipoprovv2),
+    field("campolibero1", &rec::pc::campolibero1),
+    field("campolibero2", &rec::pc::campolibero2),
+    field("addebitobollo", &rec::pc::addebitobollo),
+    field("datanascita", &rec::pc::datanascita),
+    field("provnascita", &rec::pc::provnascita),
+    field("comunenascita", &rec::pc::comunenascita),
+    field("ivaridotta", &rec::pc::ivaridotta),
+    field("riservato57", &rec::pc::riservato57),
+    field("chiavetipo", &rec::pc::chiavetipo, {31}),
+    field("chiavegruppo", &rec::pc::chiavegruppo, {32}),
+    field("destnominativo", &rec::pc::destnominativo),
+    field("destindirizzo", &rec::pc::destindirizzo),
+    field("destcitta", &rec::pc::destcitta),
+};
+static_assert(formatOf(kFields<rec::pc>) == Layout<rec::pc>::format);
+
+template struct Codec<rec::pc>;
+
+}  // namespace archives
