@@ -15,6 +15,8 @@ constexpr Unit kUnits[] = {
     {"RCLIENTE", makeRCLIENTE},
     {"RPC", makeRPC},
     {"SCELTA", makeScelta},
+    {"STRIA", makeStria},
+    {"STRIC", makeStric},
     {"STRIV", makeStriv},
     {"mcfv", makeMcfv},
     {"rtiva", makeRtiva},

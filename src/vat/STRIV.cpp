@@ -1,9 +1,11 @@
-// Stampa registro iva vendite.
+// Stampa registro iva vendite, acquisti, corrispettivi: one screen for the three registers.
 #include "common/text.h"
 #include "session/checks.h"
+#include "session/printing.h"
 #include "ui/form.h"
 #include "vat/forms.h"
 #include "vat/register.h"
+#include "vat/register_state.h"
 
 namespace tarvex {
 namespace {
@@ -15,22 +17,21 @@ void chosen(Choice& choice) {
   if (choice.index() < 0) choice.select(0);
 }
 
-class Striv : public Form {
+class RegisterPrint : public Form {
  public:
-  explicit Striv(Session& session);
+  RegisterPrint(Session& session, const RegisterKind& kind);
   Layout layout() const override;
   void load() override { showLastMonth(); }
 
  private:
-  std::string counter() const { return std::string(kSalesRegister.counter) + registro.text(); }
+  bool isKept() const { return !kind_.counter.empty(); }  // receipts have no definitive print
   void showLastMonth();
   std::optional<Register> compute();
   void print();
   void tell(const Register& content);
-  RegisterPage page();
-  void keepMonth();
 
   Session& session_;
+  const RegisterKind& kind_;
   Choice registro{
       *this, "registro", "Registro:", Choice::Look::combo, {"1", "2", "3", "4", "5", "6", "7", "8", "9"}};
   Choice mese{*this, "mese", "Mese:", Choice::Look::combo};
@@ -43,56 +44,60 @@ class Striv : public Form {
   Button annulla{*this, "annulla", "&Annulla", Button::Role::cancel};
 };
 
-Striv::Striv(Session& session)
-    : Form(session.desk(), "STRIV", "Stampa registro iva vendite"), session_(session) {
+RegisterPrint::RegisterPrint(Session& session, const RegisterKind& kind)
+    : Form(session.desk(), kind.unit,
+           "Stampa " + common::lower(kind.name.substr(0, 1)) + std::string(kind.name.substr(1))),
+      session_(session),
+      kind_(kind) {
   mese.setItems({session.MonthNames.begin() + 1, session.MonthNames.end()});
   mese.select(static_cast<int>(common::numberValue(session.TodayText.substr(3, 2))) - 1);
   registro.select(0);
   registro.onChange = [this] { chosen(registro), showLastMonth(); };
   mese.onChange = [this] { chosen(mese); };
   anteprima.set(true);
+  ultimo.setVisible(isKept());
+  definitiva.setVisible(isKept());
   ok.onPress = [this] { print(); };
   annulla.onPress = [this] { close(); };
 }
 
-Layout Striv::layout() const {
+Layout RegisterPrint::layout() const {
   return column({group("Registro", {row({registro, mese}), row({ultimo})}),
                  group("Stampa", {row({definitiva}), row({intestazione}), row({anteprima}), row({salto})}),
                  space(), buttons({ok, annulla})});
 }
 
-void Striv::showLastMonth() {
-  session_.pr.search(0, counter());
-  session_.CheckArchiveResult(store::Operation::read, session_.pr.code, 3020);
-  ultimo.setText(session_.store.LastArchiveResult == store::kOk ? session_.pr.B.testo : std::string());
+void RegisterPrint::showLastMonth() {
+  const int month = printedMonth(session_, kind_, registro.text());
+  ultimo.setText(month > 0 ? session_.MonthNames[month] : std::string());
 }
 
 // Nothing when an archive fails, which has been reported: half a register is none.
-std::optional<Register> Striv::compute() {
+std::optional<Register> RegisterPrint::compute() {
   const Busy busy(desk());
   const auto table = loadVatTable(session_);
   if (!table) return {};
-  auto rows = readSalesRows(session_, registro.text(), common::zeroFill(mese.index() + 1, 2));
+  auto rows = kind_.read(session_, registro.text(), common::zeroFill(mese.index() + 1, 2));
   if (!rows) return {};
-  return makeRegister(kSalesRegister, std::move(*rows), *table);
+  return makeRegister(kind_, std::move(*rows), *table);
 }
 
-void Striv::print() {
+void RegisterPrint::print() {
   const auto content = compute();
   if (!content) return;
   tell(*content);
-  const auto report = layOut(kSalesRegister, *content, page(),
-                             {.font = session_.PrintFontName,
-                              .size = static_cast<double>(session_.PrintSize),
-                              .pageLines = session_.PageLength});
-  if (anteprima.on())
-    desk().preview(report);
-  else
-    desk().print(report);
-  if (definitiva.on()) keepMonth();
+  const RegisterPage page{
+      .registro = registro.text(),
+      .month = mese.text(),
+      .year = session_.WorkYear,
+      .letterhead = letterhead(session_, intestazione.on(), static_cast<int>(salto.number()), 3021)};
+  showReport(desk(), layOut(kind_, *content, page, printSetup(session_)), anteprima.on());
+  if (!definitiva.on()) return;
+  keepPrintedMonth(session_, kind_, registro.text(), mese.index() + 1);
+  showLastMonth();
 }
 
-void Striv::tell(const Register& content) {
+void RegisterPrint::tell(const Register& content) {
   for (const RegisterNotice& notice : content.notices) {
     if (notice.about == RegisterNotice::About::missingCode)
       desk().warn(notice.text);
@@ -101,42 +106,16 @@ void Striv::tell(const Register& content) {
   }
 }
 
-RegisterPage Striv::page() {
-  RegisterPage page{.registro = registro.text(),
-                    .month = mese.text(),
-                    .year = session_.WorkYear,
-                    .company = {},
-                    .vatNumber = {},
-                    .blankLines = static_cast<int>(salto.number())};
-  if (!intestazione.on()) return page;
-  page.company = session_.CompanyName;
-  session_.dataz.search(0, session_.CompanyCode);
-  session_.CheckArchiveResult(store::Operation::read, session_.dataz.code, 3021);
-  if (session_.store.LastArchiveResult == store::kOk) page.vatNumber = session_.dataz.B.partitaiva;
-  return page;
-}
-
-// The counter's record is shared by the stations, so that it is locked from its reading to its flush.
-void Striv::keepMonth() {
-  const std::string key = counter();
-  auto& pr = session_.pr;
-  pr.spinLock(key);
-  pr.search(0, key);
-  session_.CheckArchiveResult(store::Operation::read, pr.code, 3022);
-  if (session_.store.LastArchiveResult == store::kOk) {
-    pr.A = pr.B;
-    pr.A.testo = mese.text();
-    pr.put(key, store::Put::write);
-    session_.CheckArchiveResult(store::Operation::write, pr.code, 3023);
-    pr.flush();
-    session_.CheckArchiveResult(store::Operation::write, pr.code, 3024);
-  }
-  pr.unlock(key);
-  showLastMonth();
-}
-
 }  // namespace
 
-std::unique_ptr<Form> makeStriv(Session& session) { return std::make_unique<Striv>(session); }
+std::unique_ptr<Form> makeStriv(Session& session) {
+  return std::make_unique<RegisterPrint>(session, kSalesRegister);
+}
+std::unique_ptr<Form> makeStria(Session& session) {
+  return std::make_unique<RegisterPrint>(session, kPurchaseRegister);
+}
+std::unique_ptr<Form> makeStric(Session& session) {
+  return std::make_unique<RegisterPrint>(session, kReceiptsRegister);
+}
 
 }  // namespace tarvex

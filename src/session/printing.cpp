@@ -1,0 +1,28 @@
+#include "session/printing.h"
+
+namespace tarvex {
+
+ui::Setup printSetup(const Session& session) {
+  return {.font = session.PrintFontName,
+          .size = static_cast<double>(session.PrintSize),
+          .pageLines = session.PageLength};
+}
+
+ui::Letterhead letterhead(Session& session, bool company, int blankLines, int position) {
+  ui::Letterhead head{.blankLines = blankLines, .company = {}, .vatNumber = {}};
+  if (!company) return head;
+  head.company = session.CompanyName;
+  session.dataz.search(0, session.CompanyCode);
+  session.CheckArchiveResult(store::Operation::read, session.dataz.code, position);
+  if (session.store.LastArchiveResult == store::kOk) head.vatNumber = session.dataz.B.partitaiva;
+  return head;
+}
+
+void showReport(ui::Desk& desk, std::shared_ptr<const ui::Report> report, bool preview) {
+  if (preview)
+    desk.preview(std::move(report));
+  else
+    desk.print(std::move(report));
+}
+
+}  // namespace tarvex

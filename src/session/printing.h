@@ -1,0 +1,20 @@
+// What every print screen does around its report: the font and the sheet of the session, the company above
+// the title, the way to the preview or to the printer.
+#pragma once
+
+#include <memory>
+
+#include "session/session.h"
+#include "ui/paged.h"
+#include "ui/report.h"
+
+namespace tarvex {
+
+ui::Setup printSetup(const Session& session);
+
+// The open company above the title when `company` is on; `position` reports that it cannot be read.
+ui::Letterhead letterhead(Session& session, bool company, int blankLines, int position);
+
+void showReport(ui::Desk& desk, std::shared_ptr<const ui::Report> report, bool preview);
+
+}  // namespace tarvex
