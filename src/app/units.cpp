@@ -11,6 +11,9 @@ namespace {
 
 constexpr Unit kUnits[] = {
     {"APRIAZ", makeApriaz},
+    {"MCFA", makeMcfa},
+    {"MCFA2", makeMcfa2},
+    {"MCFA3", makeMcfa3},
     {"PASS", makePass},
     {"RCLIENTE", makeRCLIENTE},
     {"RPC", makeRPC},
@@ -18,7 +21,15 @@ constexpr Unit kUnits[] = {
     {"STRIA", makeStria},
     {"STRIC", makeStric},
     {"STRIV", makeStriv},
+    {"mcca", makeMcca},
+    {"mcca2", makeMcca2},
+    {"mcca3", makeMcca3},
+    {"mcco", makeMcco},
+    {"mcco2", makeMcco2},
+    {"mccv", makeMccv},
+    {"mccv2", makeMccv2},
     {"mcfv", makeMcfv},
+    {"mcfv2", makeMcfv2},
     {"rtiva", makeRtiva},
     {"vistiva", makeVistiva},
 };

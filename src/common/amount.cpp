@@ -37,6 +37,8 @@ double cutVat(double amount) {
 
 double vatOf(double taxable, double ratePercent) { return cutVat(snapped(taxable * ratePercent / 100)); }
 
+double netOf(double gross, double ratePercent) { return cutVat(snapped(gross / (ratePercent / 100 + 1))); }
+
 double LireToEuro(double lire, double rate) {
   if (rate == 0) rate = 1;
   const double thousandths = std::trunc(snapped(std::fabs(lire) / rate * 1000));

@@ -15,6 +15,7 @@ double snapped(double product);
 double roundBalance(double amount);                // floor(x * 100 + 0.5) / 100: balances and differences
 double cutVat(double amount);                      // floor((x + 0.005) * 100) / 100: computed VAT
 double vatOf(double taxable, double ratePercent);  // cutVat(taxable * rate / 100)
+double netOf(double gross, double ratePercent);    // cutVat(gross / (rate / 100 + 1)): gross includes the VAT
 
 // Lire to Euro at `rate` Lire for one Euro (0 reads as 1): half up on the third decimal, what stands
 // beyond it is cut; the sign is kept.

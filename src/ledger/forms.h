@@ -1,4 +1,4 @@
-// The forms of the journal.
+// The forms of the journal, for the table of units.
 #pragma once
 
 #include <memory>
@@ -8,6 +8,17 @@
 
 namespace tarvex {
 
+std::unique_ptr<ui::Form> makeMcca(Session& session);
+std::unique_ptr<ui::Form> makeMcca2(Session& session);
+std::unique_ptr<ui::Form> makeMcca3(Session& session);
+std::unique_ptr<ui::Form> makeMcco(Session& session);
+std::unique_ptr<ui::Form> makeMcco2(Session& session);
+std::unique_ptr<ui::Form> makeMccv(Session& session);
+std::unique_ptr<ui::Form> makeMccv2(Session& session);
+std::unique_ptr<ui::Form> makeMcfa(Session& session);
+std::unique_ptr<ui::Form> makeMcfa2(Session& session);
+std::unique_ptr<ui::Form> makeMcfa3(Session& session);
 std::unique_ptr<ui::Form> makeMcfv(Session& session);
+std::unique_ptr<ui::Form> makeMcfv2(Session& session);
 
 }  // namespace tarvex

@@ -3,6 +3,8 @@
 #include "common/amount.h"
 #include "common/date.h"
 #include "common/text.h"
+#include "ledger/removal.h"
+#include "ledger/vat_rows.h"
 #include "store/group.h"
 #include "ui/desk.h"
 #include "vat/vat_table.h"
@@ -14,7 +16,7 @@ using archives::Archive;
 using archives::Layout;
 using store::Operation;
 
-constexpr int kMc = Layout<rec::mc>::code, kIv = Layout<rec::iv>::code, kTt = Layout<rec::tt>::code;
+constexpr int kMc = Layout<rec::mc>::code, kTt = Layout<rec::tt>::code;
 constexpr int kPc = Layout<rec::pc>::code, kPr = Layout<rec::pr>::code;
 
 std::string rowKey(std::int32_t number) { return common::zeroFill(number, 8); }
@@ -50,8 +52,8 @@ bool creditVoice(Session& session, std::string_view codice, double dare, double 
 rec::mc journalRow(const EntryHead& head, const EntryLine& line, std::int32_t nummov) {
   rec::mc row;
   row.datareg = common::DateToKey(head.datareg);
-  row.numdoc = head.numdoc;
-  row.datadoc = common::DateToKey(head.datadoc);
+  row.numdoc = line.numdoc.empty() ? head.numdoc : line.numdoc;
+  row.datadoc = common::DateToKey(line.datadoc.empty() ? head.datadoc : line.datadoc);
   row.protocollo = head.protocollo;
   row.conto = line.conto;
   row.dare = line.dare;
@@ -76,13 +78,56 @@ void writeLines(Session& session, Archive<rec::mc>& mc, const Entry& entry, std:
   }
 }
 
-void writeSales(Session& session, const std::vector<rec::iv>& rows) {
+template <class R>
+void writeVatRows(Session& session, const std::vector<R>& rows, int openPosition, int closePosition) {
   if (rows.empty()) return;
-  OpenArchive<rec::iv> iv(session, 1510, 1511);
-  for (const rec::iv& row : rows) {
-    iv->A = row;
-    ScriviRigaIva(session, *iv);
+  OpenArchive<R> archive(session, openPosition, closePosition);
+  for (const R& row : rows) {
+    archive->A = row;
+    ScriviRigaIva(session, *archive);
   }
+}
+
+// Under the next number of the counter that bears the archive's name.
+template <class R>
+void writeVatRow(Session& session, Archive<R>& archive) {
+  const auto code = readVatCode(session, archive.A.codiva);
+  archive.A.aliquota = common::numberText(code ? code->aliquota : 0);
+  do archive.put(common::numberText(ProssimoNumero(session, Layout<R>::prefix)), store::Put::add);
+  while (session.store.LastArchiveResult == store::kExists);
+  session.CheckArchiveResult(Operation::write, Layout<R>::code, 1505);
+  archive.flush();
+}
+
+bool isTaken(Session& session, const Entry& entry) {
+  const auto taken = [&](VatSide side, const auto& rows) {
+    return !rows.empty() && isNumberTaken(session, side, rows.front().chiavereg);
+  };
+  return taken(VatSide::sales, entry.sales) || taken(VatSide::purchases, entry.purchases) ||
+         taken(VatSide::receipts, entry.receipts);
+}
+
+void keepNumber(Session& session, const RegisterCounter& counter) {
+  Archive<rec::pr>& pr = session.pr;
+  pr.B = {};  // a counter that is not there yet starts from 0
+  pr.search(0, counter.name);
+  if (pr.B.valore >= counter.number) return;
+  pr.A = pr.B;
+  pr.A.valore = counter.number;
+  pr.put(counter.name, store::Put::write);
+  session.CheckArchiveResult(Operation::write, kPr, 1514);
+  pr.flush();
+}
+
+void writeEntry(Session& session, const Entry& entry) {
+  OpenArchive<rec::mc> mc(session, 1508, 1509);
+  const std::int32_t nummov = nextRowNumber(session, *mc);
+  writeLines(session, *mc, entry, nummov);
+  writeVatRows(session, entry.sales, 1510, 1511);
+  writeVatRows(session, entry.purchases, 1515, 1516);
+  writeVatRows(session, entry.receipts, 1517, 1518);
+  OpenArchive<rec::tt> tt(session, 1512, 1513);
+  ScriviDatiEntrata(session, *tt, nummov, entry.rows);
 }
 
 }  // namespace
@@ -114,14 +159,9 @@ void ScriviRigaGiornale(Session& session, Archive<rec::mc>& mc, std::int32_t num
   AggiornaProgressivi(session, mc.A.conto, mc.A.dare, mc.A.avere);
 }
 
-void ScriviRigaIva(Session& session, Archive<rec::iv>& iv) {
-  const auto code = readVatCode(session, iv.A.codiva);
-  iv.A.aliquota = common::numberText(code ? code->aliquota : 0);
-  do iv.put(common::numberText(ProssimoNumero(session, "iv")), store::Put::add);
-  while (session.store.LastArchiveResult == store::kExists);
-  session.CheckArchiveResult(Operation::write, kIv, 1505);
-  iv.flush();
-}
+void ScriviRigaIva(Session& session, Archive<rec::iv>& iv) { writeVatRow(session, iv); }
+void ScriviRigaIva(Session& session, Archive<rec::ia>& ia) { writeVatRow(session, ia); }
+void ScriviRigaIva(Session& session, Archive<rec::ic>& ic) { writeVatRow(session, ic); }
 
 void ScriviDatiEntrata(Session& session, Archive<rec::tt>& tt, std::int32_t nummov,
                        const std::vector<EntryRow>& rows) {
@@ -144,20 +184,24 @@ void addGroupedLine(Entry& entry, std::string_view conto, double sum, bool credi
       {std::string(conto), credit ? 0 : amount, credit ? amount : 0, std::string(descrizione)});
 }
 
-bool postEntry(Session& session, const Entry& entry) {
+Posted postEntry(Session& session, const Entry& entry, const PostingOptions& options) {
   const ui::Busy busy(session.desk());
   store::Group group(session.store, session.groupLog(), kMc, 1507);
+  const bool counted = !entry.counter.name.empty();
+  if (counted) session.pr.spinLock(entry.counter.name);
   session.pr.spinLock("mc");
-  {
-    OpenArchive<rec::mc> mc(session, 1508, 1509);
-    const std::int32_t nummov = nextRowNumber(session, *mc);
-    writeLines(session, *mc, entry, nummov);
-    writeSales(session, entry.sales);
-    OpenArchive<rec::tt> tt(session, 1512, 1513);
-    ScriviDatiEntrata(session, *tt, nummov, entry.rows);
+  if (!options.replaces.empty()) {
+    const auto old = readEntry(session, options.replaces);
+    if (!old) return Posted::gone;
+    takeBack(session, *old);
   }
+  if (isTaken(session, entry)) return Posted::taken;
+  writeEntry(session, entry);
+  if (counted) keepNumber(session, entry.counter);
+  if (options.also) options.also();
   session.pr.unlock("mc");
-  return group.commit();
+  if (counted) session.pr.unlock(entry.counter.name);
+  return group.commit() ? Posted::done : Posted::failed;
 }
 
 }  // namespace tarvex

@@ -1,0 +1,103 @@
+// Revision: the form shows the entry, and ends with a new one in its place or with none.
+#include "ledger/revision.h"
+
+#include "ledger/books.h"
+
+using namespace tarvex;
+using test::At, test::Books;
+
+namespace {
+
+const test::Fields kInvoice{{"text1", "15/01/2003"},     {"text2", "125"},     {"text5", "BIANCHI SNC"},
+                            {"text6", "122,00"},         {"text4", "Vendita"}, {"controp(1)", "Servizi"},
+                            {"imponibile(1)", "100,00"}, {"codiva(1)", "22"},  {"importoiva(1)", "22,00"}};
+
+void postInvoice(Books& books) {
+  At at(books, "mcfv");
+  test::fill(at.hands, kInvoice);
+  at.hands.press("Registra");
+  REQUIRE(books.desk().boxes.empty());
+}
+
+}  // namespace
+
+TEST_CASE("a revision shows the entry, keeps its number free and puts a new entry in its place") {
+  Books books;
+  postInvoice(books);
+  const auto before = books.contents();
+  At at = test::revise(books, "mcfv2", "1");
+  for (const auto& [name, text] : kInvoice) CHECK(at.hands.text(name) == text);
+  CHECK(at.hands.text("text3") == "15/01/2003");
+  CHECK(books.contents() == before);  // nothing is removed before there is something in its place
+
+  at.hands.go("text2");
+  at.hands.set("imponibile(1)", "200,00");
+  at.hands.set("codiva(1)", "10");
+  at.hands.set("text6", "220,00");
+  at.hands.press("Registra");
+  CHECK(books.desk().boxes.empty());
+  CHECK(!at.form->isOpen());
+  const auto mc = books.all<rec::mc>();
+  REQUIRE(mc.size() == 3);
+  CHECK(mc.front().nummov == "4");  // the counter goes on
+  CHECK(mc.front().dare == 220);
+  CHECK(books.all<rec::iv>().size() == 1);
+  CHECK(books.all<rec::iv>().front().imposta == 20);
+  CHECK(books.all<rec::tt>().size() == 1);
+  CHECK(books.saldo("00051") == 220);
+  CHECK(books.saldo("00012") == -20);
+  books.checkWhole();
+}
+
+TEST_CASE("leaving a revision asks, and removes the entry only on a yes") {
+  Books books;
+  const auto empty = books.contents();
+  postInvoice(books);
+  const auto posted = books.contents();
+  At at = test::revise(books, "mcfv2", "1");
+  books.desk().answers = {ui::Answer::no, ui::Answer::no};
+  at.hands.press("Annulla");
+  CHECK(!at.hands.user.close());
+  CHECK(at.form->isOpen());
+  CHECK(books.contents() == posted);
+  books.desk().answers = {ui::Answer::yes};
+  at.hands.press("Annulla");
+  CHECK(!at.form->isOpen());
+  auto after = books.contents();
+  CHECK(after["mc"].empty());
+  CHECK(after["iv"].empty());
+  CHECK(after["tt"].empty());
+  CHECK(after["pc"] == empty.at("pc"));
+  books.checkWhole();
+
+  // Opened without an entry it registers like the original, and leaves like it.
+  At plain(books, "mcfv2");
+  plain.hands.press("Annulla");
+  CHECK(!plain.form->isOpen());
+}
+
+TEST_CASE("an entry that another station has revised meanwhile is not posted twice") {
+  Books books;
+  postInvoice(books);
+  At first = test::revise(books, "mcfv2", "1");
+  At second = test::revise(books, "mcfv2", "1");
+  first.hands.press("Registra");
+  const auto after = books.contents();
+  second.hands.set("text2", "126");
+  second.hands.press("Registra");
+  CHECK(books.desk().box() ==
+        "Errore|La registrazione è stata nel frattempo variata o eliminata da un'altra stazione");
+  CHECK(books.contents() == after);
+}
+
+TEST_CASE("one row of the journal is taken back with its progressives alone") {
+  Books books;
+  postInvoice(books);
+  CHECK(!removeRow(books.session(), "00000009"));
+  CHECK(removeRow(books.session(), "00000002"));
+  CHECK(books.all<rec::mc>().size() == 2);
+  CHECK(books.all<rec::iv>().size() == 1);
+  CHECK(books.saldo("00053") == 0);
+  CHECK(books.saldo("00003") == 0);
+  CHECK(books.saldo("00051") == 122);
+}
