@@ -11,16 +11,22 @@ namespace {
 
 constexpr Unit kUnits[] = {
     {"APRIAZ", makeApriaz},
+    {"LIQIVA", makeLiqiva},
+    {"LIQIVA1", makeLiqiva1},
+    {"LIQIVASR", makeLiqivasr},
     {"MCFA", makeMcfa},
     {"MCFA2", makeMcfa2},
     {"MCFA3", makeMcfa3},
     {"PASS", makePass},
     {"RCLIENTE", makeRCLIENTE},
+    {"REGCRED", makeRegcred},
+    {"RIEPCORR", makeRiepcorr},
     {"RPC", makeRPC},
     {"SCELTA", makeScelta},
     {"STRIA", makeStria},
     {"STRIC", makeStric},
     {"STRIV", makeStriv},
+    {"VIVA", makeViva},
     {"mcca", makeMcca},
     {"mcca2", makeMcca2},
     {"mcca3", makeMcca3},
@@ -31,6 +37,7 @@ constexpr Unit kUnits[] = {
     {"mcfv", makeMcfv},
     {"mcfv2", makeMcfv2},
     {"rtiva", makeRtiva},
+    {"varsi", makeVarsi},
     {"vistiva", makeVistiva},
 };
 

@@ -55,6 +55,13 @@ bool belongsToNotes(ui::Key key) {
   }
 }
 
+// Never asked of a widget that stands as it should: showing one means laying out all. One that nobody has
+// shown or hidden yet follows its parent, which has to be forbidden to a hidden one.
+void showOrHide(QWidget& widget, bool visible) {
+  const bool told = widget.testAttribute(Qt::WA_WState_ExplicitShowHide);
+  if (told ? widget.isHidden() == visible : !visible) widget.setVisible(visible);
+}
+
 }  // namespace
 
 FormView::FormView(ui::Form& form, QWidget* parent) : QWidget(parent), form_(form), user_(form) {
@@ -103,12 +110,11 @@ void FormView::refresh(const ui::Control& control) {
   bound.pull();
   if (&control.placed() == &control) {
     bound.widget->setEnabled(control.enabled());
-    // Never asked of a widget that stands as it should: showing one means laying out all.
-    if (bound.widget->isHidden() == control.visible()) bound.widget->setVisible(control.visible());
+    showOrHide(*bound.widget, control.visible());
   }
   if (auto* label = qobject_cast<QLabel*>(bound.caption)) {
     label->setText(text(control.caption()));
-    if (label->isHidden() == control.visible()) label->setVisible(control.visible());
+    showOrHide(*label, control.visible());
   }
 }
 

@@ -22,7 +22,8 @@ struct Named {
 };
 
 // The hint of a field says what its key does: "F5 ricerca facilitata".
-QString wordFor(ui::Key key, const ui::Control* control) {
+QString wordFor(ui::Key key, const ui::Form& form, const ui::Control* control) {
+  if (!(control && control->uses(key)) && !form.wordFor(key).empty()) return text(form.wordFor(key));
   const QString hint = control ? text(control->hint) : QString(), name = text(ui::nameOf(key));
   return hint.startsWith(name + " ") ? hint.mid(name.size() + 1) : wordOf(key).toLower();
 }
@@ -47,7 +48,7 @@ std::vector<Named> keysOf(const ui::Form& form) {
   for (int at = static_cast<int>(ui::Key::F2); at <= static_cast<int>(ui::Key::F12); ++at) {
     const auto key = static_cast<ui::Key>(at);
     if ((control && control->uses(key)) || form.uses(key))
-      keys.push_back({key, text(ui::nameOf(key)), wordFor(key, control)});
+      keys.push_back({key, text(ui::nameOf(key)), wordFor(key, form, control)});
   }
   if (dynamic_cast<const ui::Field*>(control)) keys.push_back({ui::Key::enter, "Invio", "avanti"});
   if (pages(form)) {

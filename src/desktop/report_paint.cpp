@@ -127,7 +127,7 @@ bool writePdf(const ui::Report& report, const QString& path) {
   return file.commit();
 }
 
-void printReport(const ui::Report& report, QPrinter& printer) {
+bool printReport(const ui::Report& report, QPrinter& printer) {
   printer.setDocName(text(report.title()));
   printer.setFullPage(true);
   prepare(report, printer);
@@ -135,6 +135,7 @@ void printReport(const ui::Report& report, QPrinter& printer) {
   const bool some = printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0;
   paintPages(report, printer, some ? printer.fromPage() - 1 : 0,
              some ? std::min(count, std::max(printer.toPage(), printer.fromPage())) - 1 : count - 1);
+  return printer.printerState() != QPrinter::Error && printer.printerState() != QPrinter::Aborted;
 }
 
 }  // namespace desktop

@@ -41,7 +41,8 @@ QFont reportFont(const std::string& family);
 // Writes a file whole or not at all; false when it cannot be written.
 bool writePdf(const ui::Report& report, const QString& path);
 
-// The pages that the printer's dialogue chose, all of them when there was none.
-void printReport(const ui::Report& report, QPrinter& printer);
+// The pages that the printer's dialogue chose, all of them when there was none. False when the printer could
+// not be reached or gave up.
+bool printReport(const ui::Report& report, QPrinter& printer);
 
 }  // namespace desktop

@@ -192,20 +192,20 @@ void WindowDesk::preview(std::shared_ptr<const ui::Report> report) {
   view->setFocus(Qt::OtherFocusReason);
 }
 
-void WindowDesk::print(std::shared_ptr<const ui::Report> report) {
+bool WindowDesk::print(std::shared_ptr<const ui::Report> report) {
   if (QPrinterInfo::availablePrinterNames().isEmpty()) {
     show({"Nessuna stampante è installata. Dall'anteprima è possibile salvare la stampa in un file PDF.",
           "Stampa", ui::Ask::ok, ui::Icon::information});
-    return;
+    return false;
   }
   QPrinter printer(QPrinter::HighResolution);
   if (printsAsk) {
     const Nested nested(*this);
     QPrintDialog dialog(&printer, window_.front());
     dialog.setMinMax(1, static_cast<int>(report->pages().size()));
-    if (dialog.exec() != QDialog::Accepted) return;
+    if (dialog.exec() != QDialog::Accepted) return false;
   }
-  printReport(*report, printer);
+  return printReport(*report, printer);
 }
 
 std::optional<std::string> WindowDesk::chooseFile(std::string_view title, std::string_view filter,

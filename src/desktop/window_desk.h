@@ -32,7 +32,7 @@ class WindowDesk : public ui::Desk {
   void busy(bool on) override;
   void progress(std::size_t done, std::size_t all) override;
   void preview(std::shared_ptr<const ui::Report> report) override;
-  void print(std::shared_ptr<const ui::Report> report) override;
+  bool print(std::shared_ptr<const ui::Report> report) override;
   std::optional<std::string> chooseFile(std::string_view title, std::string_view filter, bool save) override;
   std::vector<std::string> printerFonts() const override;
   void end() override;

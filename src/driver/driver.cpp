@@ -247,8 +247,9 @@ void Driver::preview(std::shared_ptr<const ui::Report> report) {
   printed_.push_back({std::move(report), "preview"});
 }
 
-void Driver::print(std::shared_ptr<const ui::Report> report) {
+bool Driver::print(std::shared_ptr<const ui::Report> report) {
   printed_.push_back({std::move(report), "printer"});
+  return true;
 }
 
 std::optional<std::string> Driver::chooseFile(std::string_view, std::string_view, bool) {

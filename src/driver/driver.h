@@ -64,7 +64,7 @@ class Driver : public ui::Desk {
   void status(int panel, std::string_view text) override;
   void busy(bool) override {}
   void preview(std::shared_ptr<const ui::Report> report) override;
-  void print(std::shared_ptr<const ui::Report> report) override;
+  bool print(std::shared_ptr<const ui::Report> report) override;
   std::optional<std::string> chooseFile(std::string_view title, std::string_view filter, bool save) override;
   std::vector<std::string> printerFonts() const override { return options_.printerFonts; }
   void end() override { ended_ = true; }

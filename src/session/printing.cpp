@@ -18,11 +18,10 @@ ui::Letterhead letterhead(Session& session, bool company, int blankLines, int po
   return head;
 }
 
-void showReport(ui::Desk& desk, std::shared_ptr<const ui::Report> report, bool preview) {
-  if (preview)
-    desk.preview(std::move(report));
-  else
-    desk.print(std::move(report));
+bool showReport(ui::Desk& desk, std::shared_ptr<const ui::Report> report, bool preview) {
+  if (!preview) return desk.print(std::move(report));
+  desk.preview(std::move(report));
+  return true;
 }
 
 }  // namespace tarvex

@@ -15,6 +15,7 @@ ui::Setup printSetup(const Session& session);
 // The open company above the title when `company` is on; `position` reports that it cannot be read.
 ui::Letterhead letterhead(Session& session, bool company, int blankLines, int position);
 
-void showReport(ui::Desk& desk, std::shared_ptr<const ui::Report> report, bool preview);
+// False: it was to be printed, and was not.
+bool showReport(ui::Desk& desk, std::shared_ptr<const ui::Report> report, bool preview);
 
 }  // namespace tarvex

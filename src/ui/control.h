@@ -20,6 +20,12 @@ namespace ui {
 class Form;
 enum class Leave { go, stay };
 
+struct KeyAction {
+  Key key;
+  std::function<void()> action;
+  std::string word;  // in the bar of keys; empty: the usual one
+};
+
 class Control {
  public:
   Control(Form& form, std::string_view name, std::string_view caption);
@@ -61,7 +67,7 @@ class Control {
   std::string name_, caption_;
   bool enabled_ = true, visible_ = true;
   const Control* placed_ = this;
-  std::vector<std::pair<Key, std::function<void()>>> keys_;
+  std::vector<KeyAction> keys_;
 };
 
 class Field : public Control {  // one line of text, entered through a mask

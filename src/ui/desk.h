@@ -58,7 +58,8 @@ class Desk {
   virtual void progress(std::size_t done, std::size_t all);
 
   virtual void preview(std::shared_ptr<const Report> report) = 0;
-  virtual void print(std::shared_ptr<const Report> report) = 0;
+  // False: nothing was printed, as there is no printer, or the user gave up, or the printer failed.
+  virtual bool print(std::shared_ptr<const Report> report) = 0;
 
   // A path to open or to save to; nothing when the user gives up.
   virtual std::optional<std::string> chooseFile(std::string_view title, std::string_view filter,

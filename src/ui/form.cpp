@@ -65,10 +65,18 @@ void Form::close() {
   if (view_) view_->closed();
 }
 
-void Form::on(Key key, std::function<void()> action) { keys_.emplace_back(key, std::move(action)); }
+void Form::on(Key key, std::function<void()> action, std::string_view word) {
+  keys_.push_back({key, std::move(action), std::string(word)});
+}
 
 bool Form::uses(Key key) const {
-  return std::any_of(keys_.begin(), keys_.end(), [key](const auto& at) { return at.first == key; });
+  return std::any_of(keys_.begin(), keys_.end(), [key](const auto& at) { return at.key == key; });
+}
+
+std::string_view Form::wordFor(Key key) const {
+  for (const KeyAction& at : keys_)
+    if (at.key == key) return at.word;
+  return {};
 }
 
 std::vector<Control*> Form::order() const {

@@ -48,8 +48,10 @@ class Form {
   void close();
 
   // Wherever the focus is; a control's own action for the key goes before.
-  void on(Key key, std::function<void()> action);
-  bool uses(Key key) const;  // something is set for it
+  // `word` tells in the bar of keys what it does.
+  void on(Key key, std::function<void()> action, std::string_view word = {});
+  bool uses(Key key) const;                 // something is set for it
+  std::string_view wordFor(Key key) const;  // empty: none was given
 
   // For hosts.
   void setView(View* view) { view_ = view; }
@@ -74,7 +76,7 @@ class Form {
   Desk& desk_;
   std::string name_, title_;
   std::vector<Control*> controls_;
-  std::vector<std::pair<Key, std::function<void()>>> keys_;
+  std::vector<KeyAction> keys_;
   mutable std::unique_ptr<const Layout> arranged_;
   mutable std::vector<std::pair<const Control*, Page>> onPages_;  // empty where there are no tabs
   Control* focused_ = nullptr;

@@ -12,14 +12,12 @@ namespace {
 
 constexpr int kRowsOfAPage = 10;  // of a list, for PageUp and PageDown
 
-using Keys = std::vector<std::pair<Key, std::function<void()>>>;
-
 // Runs what is set for the key; a copy of it, since it may set other keys.
-bool runs(const Keys& keys, Key key) {
+bool runs(const std::vector<KeyAction>& keys, Key key) {
   const auto found =
-      std::find_if(keys.begin(), keys.end(), [key](const auto& at) { return at.first == key; });
+      std::find_if(keys.begin(), keys.end(), [key](const auto& at) { return at.key == key; });
   if (found == keys.end()) return false;
-  const auto action = found->second;
+  const auto action = found->action;
   action();
   return true;
 }

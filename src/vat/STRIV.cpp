@@ -77,7 +77,8 @@ std::optional<Register> RegisterPrint::compute() {
   const Busy busy(desk());
   const auto table = loadVatTable(session_);
   if (!table) return {};
-  auto rows = kind_.read(session_, registro.text(), common::zeroFill(mese.index() + 1, 2));
+  const std::string month = common::zeroFill(mese.index() + 1, 2);
+  auto rows = kind_.read(session_, {registro.text(), month, month});
   if (!rows) return {};
   return makeRegister(kind_, std::move(*rows), *table);
 }
@@ -91,8 +92,8 @@ void RegisterPrint::print() {
       .month = mese.text(),
       .year = session_.WorkYear,
       .letterhead = letterhead(session_, intestazione.on(), static_cast<int>(salto.number()), 3021)};
-  showReport(desk(), layOut(kind_, *content, page, printSetup(session_)), anteprima.on());
-  if (!definitiva.on()) return;
+  const bool shown = showReport(desk(), layOut(kind_, *content, page, printSetup(session_)), anteprima.on());
+  if (!shown || !definitiva.on()) return;
   keepPrintedMonth(session_, kind_, registro.text(), mese.index() + 1);
   showLastMonth();
 }

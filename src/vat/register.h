@@ -35,6 +35,12 @@ struct RegisterRow {
 
 using RegisterRows = std::optional<std::vector<RegisterRow>>;  // nothing when an archive cannot be read
 
+struct RowsAsked {
+  std::string registro;               // "1" to "9"; empty: of all registers
+  std::string firstMonth, lastMonth;  // "01" to "12", both included
+  bool names = true;                  // `ragsoc` is looked up
+};
+
 // What tells the registers of sales, purchases and receipts apart.
 struct RegisterKind {
   VatSide side;
@@ -46,7 +52,7 @@ struct RegisterKind {
   std::string_view
       counter;  // of `pr`, less the register's number: the last month printed; receipts have none
   std::string (*line)(const RegisterRow& row);
-  RegisterRows (*read)(Session& session, std::string_view registro, std::string_view mese);
+  RegisterRows (*read)(Session& session, const RowsAsked& asked);
 };
 extern const RegisterKind kSalesRegister, kPurchaseRegister, kReceiptsRegister;
 
@@ -66,12 +72,12 @@ struct Register {
 // notice and stands in no total. A gap is a number above the previous one plus 1, by value.
 Register makeRegister(const RegisterKind& kind, std::vector<RegisterRow> rows, const VatTable& table);
 
-// The rows of register `registro` ("1" to "9") in month `mese` ("01" to "12") of the open year, with the
-// names of the customers or suppliers. One that is gone is reported, and its row stays. Nothing when the
-// archive cannot be read to its end, which has been reported.
-RegisterRows readSalesRows(Session& session, std::string_view registro, std::string_view mese);
-RegisterRows readPurchaseRows(Session& session, std::string_view registro, std::string_view mese);
-RegisterRows readReceiptRows(Session& session, std::string_view registro, std::string_view mese);
+// The rows of one VAT archive of the open year, in the order of the archive. A customer or supplier that is
+// gone is reported, and its row stays. Nothing when the archive cannot be read to its end, which has been
+// reported.
+RegisterRows readSalesRows(Session& session, const RowsAsked& asked);
+RegisterRows readPurchaseRows(Session& session, const RowsAsked& asked);
+RegisterRows readReceiptRows(Session& session, const RowsAsked& asked);
 
 struct RegisterPage {
   std::string registro, month, year;  // as the title line names them

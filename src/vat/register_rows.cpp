@@ -46,38 +46,41 @@ RegisterRow rowOf(const rec::ic& from, std::string_view primaryKey) {
   return row;
 }
 
-// The index of an archive in which its register stands comes first; `voicePosition` reports a name that is
-// gone.
+bool isAsked(const RowsAsked& asked, std::string_view registro, std::string_view mese) {
+  if (!asked.registro.empty() && asked.registro != registro) return false;
+  return mese >= asked.firstMonth && mese <= asked.lastMonth;
+}
+
+// The index is the one in which a register stands; `voicePosition` reports a name that is gone.
 template <class R>
-RegisterRows readRows(Session& session, std::string_view registro, std::string_view mese, int index,
-                      int openPosition, int closePosition, int readPosition, int voicePosition) {
+RegisterRows readRows(Session& session, const RowsAsked& asked, int index, int openPosition,
+                      int closePosition, int readPosition, int voicePosition) {
   std::vector<RegisterRow> rows;
-  const bool read = scanBy<R>(
-      session, index, openPosition, closePosition, readPosition, [&](const archives::Archive<R>& archive) {
-        const R& found = archive.B;
-        if (found.registro != registro || found.mese != mese) return;
-        RegisterRow& row = rows.emplace_back(rowOf(found, archive.primaryKey()));
-        if (row.conto.empty()) return;
-        session.pc.search(0, row.conto);
-        session.CheckArchiveResult(store::Operation::read, session.pc.code, voicePosition);
-        if (session.store.LastArchiveResult == store::kOk) row.ragsoc = session.pc.B.ragsoc;
-      });
-  if (!read) return {};
+  const auto take = [&](const archives::Archive<R>& archive) {
+    const R& found = archive.B;
+    if (!isAsked(asked, found.registro, found.mese)) return;
+    RegisterRow& row = rows.emplace_back(rowOf(found, archive.primaryKey()));
+    if (!asked.names || row.conto.empty()) return;
+    session.pc.search(0, row.conto);
+    session.CheckArchiveResult(store::Operation::read, session.pc.code, voicePosition);
+    if (session.store.LastArchiveResult == store::kOk) row.ragsoc = session.pc.B.ragsoc;
+  };
+  if (!scanBy<R>(session, index, openPosition, closePosition, readPosition, take)) return {};
   return rows;
 }
 
 }  // namespace
 
-RegisterRows readSalesRows(Session& session, std::string_view registro, std::string_view mese) {
-  return readRows<rec::iv>(session, registro, mese, 2, 3010, 3011, 3013, 3012);
+RegisterRows readSalesRows(Session& session, const RowsAsked& asked) {
+  return readRows<rec::iv>(session, asked, 2, 3010, 3011, 3013, 3012);
 }
 
-RegisterRows readPurchaseRows(Session& session, std::string_view registro, std::string_view mese) {
-  return readRows<rec::ia>(session, registro, mese, 2, 3030, 3031, 3033, 3032);
+RegisterRows readPurchaseRows(Session& session, const RowsAsked& asked) {
+  return readRows<rec::ia>(session, asked, 2, 3030, 3031, 3033, 3032);
 }
 
-RegisterRows readReceiptRows(Session& session, std::string_view registro, std::string_view mese) {
-  return readRows<rec::ic>(session, registro, mese, 3, 3034, 3035, 3037, 3036);
+RegisterRows readReceiptRows(Session& session, const RowsAsked& asked) {
+  return readRows<rec::ic>(session, asked, 3, 3034, 3035, 3037, 3036);
 }
 
 }  // namespace tarvex

@@ -56,6 +56,7 @@ class Modals {
   }
   void expect(std::function<void(QWidget&)> act) { acts_.push_back(std::move(act)); }
   bool done() const { return acts_.empty(); }
+  void forget() { acts_.clear(); }
   QStringList seen;  // titles
 
  private:
@@ -90,10 +91,11 @@ class Modals {
 
 class Screen {
  public:
-  explicit Screen(const std::string& today = "15/01/2003")
+  // On a new installation, or on the one at `data`.
+  explicit Screen(const std::string& today = "15/01/2003", const std::filesystem::path& data = {})
       : app(application()),
-        program({.session = {directory.path(), directory.path(), TARVEX_SOURCE_DIR "/data",
-                             common::Clock(today, "10:30")},
+        program({.session = {data.empty() ? directory.path() : data, directory.path(),
+                             TARVEX_SOURCE_DIR "/data", common::Clock(today, "10:30")},
                  .units = tarvex::units(),
                  .settings = QString::fromStdString((directory.path() / "tarvex.ini").string()),
                  .splash = false}) {

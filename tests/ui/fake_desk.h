@@ -77,7 +77,12 @@ class FakeDesk : public ui::Desk {
   void status(int panel, std::string_view text) override { panels[panel] = text; }
   void busy(bool on) override { nowBusy += on ? 1 : -1; }
   void preview(std::shared_ptr<const ui::Report> report) override { previews.push_back(std::move(report)); }
-  void print(std::shared_ptr<const ui::Report> report) override { prints.push_back(std::move(report)); }
+  bool print(std::shared_ptr<const ui::Report> report) override {
+    if (noPrinter) return false;
+    prints.push_back(std::move(report));
+    return true;
+  }
+  bool noPrinter = false;
 
   std::optional<std::string> chooseFile(std::string_view title, std::string_view, bool) override {
     if (files.empty()) throw std::logic_error("unexpected choice of a file: " + std::string(title));
