@@ -10,6 +10,7 @@ namespace tarvex {
 namespace {
 
 constexpr Unit kUnits[] = {
+    {"ANNRIVA", makeAnnriva},
     {"APRIAZ", makeApriaz},
     {"LIQIVA", makeLiqiva},
     {"LIQIVA1", makeLiqiva1},
@@ -21,6 +22,7 @@ constexpr Unit kUnits[] = {
     {"RCLIENTE", makeRCLIENTE},
     {"REGCRED", makeRegcred},
     {"RIEPCORR", makeRiepcorr},
+    {"RMIVA", makeRmiva},
     {"RPC", makeRPC},
     {"SCELTA", makeScelta},
     {"STRIA", makeStria},

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -40,9 +41,10 @@ std::string reportJson(const ui::Report& report) {
   return json.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
+// A program that is gone must not take this one with it, as writing to its pipe would.
 void writeAll(int descriptor, std::string_view text) {
   while (!text.empty()) {
-    const ssize_t written = write(descriptor, text.data(), text.size());
+    const ssize_t written = send(descriptor, text.data(), text.size(), MSG_NOSIGNAL);
     if (written < 0 && errno == EINTR) continue;
     if (written <= 0) return;  // the program has stopped reading: its exit code tells
     text.remove_prefix(static_cast<std::size_t>(written));
@@ -53,7 +55,7 @@ void writeAll(int descriptor, std::string_view text) {
 // -1 when it could not be run.
 int runWith(const std::string& program, const std::string& argument, std::string_view input) {
   int ends[2];
-  if (pipe2(ends, O_CLOEXEC) != 0) return -1;
+  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) return -1;
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, ends[0], STDIN_FILENO);

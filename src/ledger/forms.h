@@ -8,6 +8,7 @@
 
 namespace tarvex {
 
+std::unique_ptr<ui::Form> makeAnnriva(Session& session);
 std::unique_ptr<ui::Form> makeMcca(Session& session);
 std::unique_ptr<ui::Form> makeMcca2(Session& session);
 std::unique_ptr<ui::Form> makeMcca3(Session& session);
@@ -20,5 +21,6 @@ std::unique_ptr<ui::Form> makeMcfa2(Session& session);
 std::unique_ptr<ui::Form> makeMcfa3(Session& session);
 std::unique_ptr<ui::Form> makeMcfv(Session& session);
 std::unique_ptr<ui::Form> makeMcfv2(Session& session);
+std::unique_ptr<ui::Form> makeRmiva(Session& session);
 
 }  // namespace tarvex
