@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "archives/ax.h"
 #include "archives/civa.h"
 #include "archives/cpag.h"
 #include "archives/ct.h"
@@ -61,7 +62,7 @@ std::vector<Entry> installationEntries() {
 std::vector<Entry> companyEntries() {
   using enum Scope;
   return {
-      plain("ax", company, 30, 10, "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$"),
+      typed<rec::ax>(company, 30),
       plain("ssmod", company, 1, 24, "$,$,$,$,$,$,$,$,$,$,$,$,$,$,$,$,$,$,$,$,$,$,$,$,$,$"),
       plain("sh", company, 30, 26, "A101$,A101$,A101#"),
       plain("ce", company, 3, 27, "$,$,$"),

@@ -22,5 +22,10 @@ std::unique_ptr<ui::Form> makeMcfa3(Session& session);
 std::unique_ptr<ui::Form> makeMcfv(Session& session);
 std::unique_ptr<ui::Form> makeMcfv2(Session& session);
 std::unique_ptr<ui::Form> makeRmiva(Session& session);
+std::unique_ptr<ui::Form> makeMcmg(Session& session);
+std::unique_ptr<ui::Form> makeMcmg2(Session& session);
+std::unique_ptr<ui::Form> makeMcmg3(Session& session);
+std::unique_ptr<ui::Form> makeMcxx(Session& session);
+std::unique_ptr<ui::Form> makeRegxx(Session& session);
 
 }  // namespace tarvex

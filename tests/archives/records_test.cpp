@@ -4,6 +4,7 @@
 #include <cmath>
 #include <variant>
 
+#include "archives/ax.h"
 #include "archives/catalogue.h"
 #include "archives/civa.h"
 #include "archives/cpag.h"
@@ -44,7 +45,7 @@ void fill(std::vector<T>& values, int number) {
 
 TEST_CASE_TEMPLATE("a record comes back as it was, by its struct and by its names", R, rec::dataz, rec::civa,
                    rec::cpag, rec::param, rec::ct, rec::pr, rec::pc, rec::mc, rec::tt, rec::iv, rec::ia,
-                   rec::ic, rec::si, rec::sd, rec::st, rec::sf, rec::fa, rec::ff) {
+                   rec::ic, rec::ax, rec::si, rec::sd, rec::st, rec::sf, rec::fa, rec::ff) {
   const Entry* entry = find(Layout<R>::prefix);
   REQUIRE(entry);
   std::string empty;
