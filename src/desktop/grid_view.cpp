@@ -22,6 +22,7 @@ constexpr int kNotch = 120;   // of a mouse wheel
 constexpr int kPadding = 6;   // between a cell's border and its text
 constexpr int kBetween = 12;  // blocks beside each other
 constexpr int kTick = 16;
+constexpr int kTall = 15;  // rows of a block, beyond which they lie closer
 
 int widthOf(const ui::GridCells& column) {
   const ui::Control& cell = column.cell(1);
@@ -58,7 +59,14 @@ int GridView::blockRows() const { return (grid_.rows() + grid_.blocks() - 1) / s
 int GridView::blockWidth() const {
   return (width() - kBetween * (grid_.blocks() - 1)) / std::max(grid_.blocks(), 1);
 }
-int GridView::rowHeight() const { return fontMetrics().height() + 9; }
+// Tall grids lie closer, so that a page of twenty lines is seen whole.
+int GridView::rowHeight() const { return fontMetrics().height() + (blockRows() > kTall ? 2 : 9); }
+
+// Lines whose first column is a label number themselves.
+int GridView::numberWidth() const {
+  if (dynamic_cast<const ui::Label*>(&grid_.columns().front()->cell(1))) return 0;
+  return fontMetrics().horizontalAdvance("000") + 2 * kPadding;
+}
 
 int GridView::natural(const ui::GridCells& column) const {
   QFont bold = font();
@@ -69,7 +77,7 @@ int GridView::natural(const ui::GridCells& column) const {
 }
 
 QSize GridView::sizeHint() const {
-  int width = fontMetrics().horizontalAdvance("000") + 2 * kPadding + 1;
+  int width = numberWidth() + 1;
   for (const ui::GridCells* column : grid_.columns()) width += natural(*column);
   return {width * grid_.blocks() + kBetween * (grid_.blocks() - 1), rowHeight() * (blockRows() + 1) + 2};
 }
@@ -81,7 +89,7 @@ void GridView::measure() {
   const int asked = (sizeHint().width() - kBetween * (grid_.blocks() - 1)) / std::max(grid_.blocks(), 1);
   int room = std::max(0, blockWidth() - asked);
   auto wide = static_cast<int>(std::count_if(columns.begin(), columns.end(), isWide));
-  int at = fontMetrics().horizontalAdvance("000") + 2 * kPadding;
+  int at = numberWidth();
   for (const ui::GridCells* column : columns) {
     left_.push_back(at);
     at += natural(*column);
@@ -153,6 +161,7 @@ void GridView::paintHead(QPainter& painter, int block) const {
 }
 
 void GridView::paintNumber(QPainter& painter, int row) const {
+  if (left_.front() == 0) return;
   const QRect first = cellRect(row, 0);
   const QRect number(first.left() - left_.front(), first.top(), left_.front(), first.height());
   painter.fillRect(number, tokens().title);

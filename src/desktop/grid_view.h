@@ -37,6 +37,7 @@ class GridView : public QWidget {
   int blockRows() const;
   int blockWidth() const;
   int rowHeight() const;
+  int numberWidth() const;
   int natural(const ui::GridCells& column) const;
   QRect cellRect(int row, std::size_t column) const;  // row 0: the head of the first block
   QRect rectOf(const ui::Control& cell) const;

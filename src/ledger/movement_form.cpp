@@ -76,9 +76,6 @@ class MovementForm : public ui::Form {
   ui::GridColumn agg{righe, "agg", "Descrizione aggiunta", Mask::text(30)};
   ui::GridColumn dare{righe, "dare", "Dare", Mask::amount(decimals())};
   ui::GridColumn avere{righe, "avere", "Avere", Mask::amount(decimals())};
-  std::unique_ptr<ui::Spin> spin_ = kind_.pages > 1
-                                        ? std::make_unique<ui::Spin>(*this, "spin", "Pagina:", 1, kind_.pages)
-                                        : nullptr;
   ui::Label totaleDare{*this, "totaledare", "Totale dare:", 15};
   ui::Label totaleAvere{*this, "totaleavere", "Totale avere:", 15};
   ui::Label differenza{*this, "differenza", "Differenza:", 15};
@@ -115,7 +112,6 @@ void MovementForm::setEvents() {
       cell.onLeave = [this] { return keepPage(), showTotals(), Leave::go; };
     });
   righe.onPage = [this] { turn(righe.page()); };
-  if (spin_) spin_->onChange = [this] { righe.turnTo(spin_->value() - 1); };
   registra.onPress = [this] { registerMovement(); };
   nuovoSottoconto.onPress = [this] { session_.open("RPC"); };
   annulla.onPress = [this] {
@@ -123,13 +119,13 @@ void MovementForm::setEvents() {
   };
 }
 
+// Without boxes around its parts, so that twenty lines fit the smallest screen.
 ui::Layout MovementForm::layout() const {
-  ui::Layout head = ui::group("Documento", {ui::row({text1, text2, text3}), ui::row({text4})});
-  if (schemes_) head.parts.insert(head.parts.begin(), ui::row({*schemes_}));
-  ui::Layout totals = ui::row({totaleDare, totaleAvere, differenza});
-  if (spin_) totals.parts.emplace(totals.parts.begin(), *spin_);
-  return ui::column(
-      {head, ui::group("Righe", {righe}), totals, ui::buttons({registra, nuovoSottoconto, annulla})});
+  ui::Layout head = ui::row({text1, text2, text3, text4});
+  ui::Layout all = ui::column({head, ui::Layout(righe), ui::row({totaleDare, totaleAvere, differenza}),
+                               ui::buttons({registra, nuovoSottoconto, annulla})});
+  if (schemes_) all.parts.insert(all.parts.begin(), ui::row({*schemes_}));
+  return all;
 }
 
 void MovementForm::load() {
@@ -177,7 +173,6 @@ void MovementForm::turn(int page) {
   keepPage();
   shown_ = page;
   showPage();
-  if (spin_) spin_->setValue(page + 1);
 }
 
 void MovementForm::keepPage() {
@@ -344,7 +339,6 @@ void MovementForm::clear() {
   shown_ = 0;
   showPage();
   righe.turnTo(0);
-  if (spin_) spin_->setValue(1);
   showTotals();
 }
 

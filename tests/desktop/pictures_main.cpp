@@ -134,7 +134,7 @@ int main(int argc, char** argv) {
   shot(*menu, "04-menu");
   voices(act);
   if (screen.program.session().knows("RCLIENTE")) customer(act);
-  for (const char* unit : {"rtiva", "vistiva"}) {
+  for (const char* unit : {"rtiva", "vistiva", "MCFA", "mcco", "MCMG", "MCXX", "regxx"}) {
     act.open(unit);
     shot(act.frame(), unit);
     act.close();
