@@ -9,7 +9,7 @@ namespace tarvex {
 
 std::vector<Violation> verify(Session& session) {
   std::vector<Violation> violations;
-  for (const auto rule : {checkJournal, checkVatRows}) {
+  for (const auto rule : {checkJournal, checkNumbers, checkVatRows}) {
     auto found = rule(session);
     std::move(found.begin(), found.end(), std::back_inserter(violations));
   }

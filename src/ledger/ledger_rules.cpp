@@ -9,6 +9,7 @@
 #include "archives/mc.h"
 #include "archives/pc.h"
 #include "common/amount.h"
+#include "ledger/vat_rows.h"
 #include "session/scan.h"
 
 namespace tarvex {
@@ -16,6 +17,7 @@ namespace {
 
 constexpr std::string_view kBalance = "entries balance";
 constexpr std::string_view kProgressives = "progressives equal the journal";
+constexpr std::string_view kNumbers = "numbers are given once";
 
 struct Sums {
   double dare = 0, avere = 0;
@@ -120,6 +122,15 @@ void checkProgressives(Session& session, const Journal& journal, std::vector<Vio
   }
 }
 
+// What no two entries may share, as the violation names it; empty for a row that has no such number.
+std::string numberOf(const rec::mc& row) {
+  const auto side = vatSideOf(row.causale);
+  if (!side || *side == VatSide::sales) return {};
+  return *side == VatSide::purchases
+             ? "register " + row.registro + ", protocol " + registerNumber(row.protocollo)
+             : "register " + row.registro + ", receipt " + registerNumber(row.numdoc);
+}
+
 }  // namespace
 
 std::vector<Violation> checkJournal(Session& session) {
@@ -128,6 +139,21 @@ std::vector<Violation> checkJournal(Session& session) {
   if (!journal.whole) return {{kBalance, "the journal cannot be read", {}, 0}};
   checkEntries(session, journal, violations);
   checkProgressives(session, journal, violations);
+  return violations;
+}
+
+std::vector<Violation> checkNumbers(Session& session) {
+  std::unordered_map<std::string, std::string> entries;  // by number
+  std::set<std::string> doubles;
+  const bool whole = scanJournal(session, [&](const archives::Archive<rec::mc>& mc) {
+    const std::string number = numberOf(mc.B);
+    if (number.empty()) return;
+    if (entries.emplace(number, mc.B.nummov).first->second != mc.B.nummov) doubles.insert(number);
+  });
+  if (!whole) return {{kNumbers, "the journal cannot be read", {}, 0}};
+  std::vector<Violation> violations;
+  for (auto& [number, rows] : rowsOf(session, doubles, numberOf))
+    violations.push_back({kNumbers, number + " stands in more than one entry", std::move(rows), 0});
   return violations;
 }
 

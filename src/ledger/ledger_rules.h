@@ -18,4 +18,10 @@ namespace tarvex {
 // is a violation.
 std::vector<Violation> checkJournal(Session& session);
 
+// "numbers are given once": in a register no two entries of the journal have one protocol (purchase invoices
+// and supplier credit notes) or one receipt number (its last five digits).
+//
+// Reads mc, a second time only to name the rows of what does not hold.
+std::vector<Violation> checkNumbers(Session& session);
+
 }  // namespace tarvex

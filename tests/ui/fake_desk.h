@@ -28,6 +28,7 @@ class FakeDesk : public ui::Desk {
   std::vector<std::shared_ptr<const ui::Report>> previews, prints;
   int beeps = 0, nowBusy = 0, frameChanges = 0;
   bool ended = false;
+  std::function<void()> whenBusy;  // once, as the busy pointer appears: what others do at that moment
 
   // The last box, taken off; empty when there is none.
   std::string box() {
@@ -75,7 +76,10 @@ class FakeDesk : public ui::Desk {
 
   void beep() override { ++beeps; }
   void status(int panel, std::string_view text) override { panels[panel] = text; }
-  void busy(bool on) override { nowBusy += on ? 1 : -1; }
+  void busy(bool on) override {
+    nowBusy += on ? 1 : -1;
+    if (on && whenBusy) std::exchange(whenBusy, nullptr)();
+  }
   void preview(std::shared_ptr<const ui::Report> report) override { previews.push_back(std::move(report)); }
   bool print(std::shared_ptr<const ui::Report> report) override {
     if (noPrinter) return false;
