@@ -67,3 +67,48 @@ TEST_CASE("credit notes turn the sides round and change the sign of their VAT ro
     books.checkWhole();
   }
 }
+
+TEST_CASE("a purchase invoice of one row takes 13 keys beside its texts and digits") {
+  Books books;
+  books.session().param.completamento = 1;
+  At at(books, "MCFA");
+  int keys = 0;
+  const auto field = [&](const char* text) {
+    at.hands.user.type(text);
+    at.hands.user.key(ui::Key::enter);
+    ++keys;
+  };
+  for (const char* text : {"1501", "77", "", "", "", "FORN", "", "122", "Merci c/a", "100", "22"})
+    field(text);
+  CHECK(at.hands.focus() == "importoiva(1)");
+  at.hands.user.alt("R");
+  keys += 2;
+  CHECK(keys == 13);
+  CHECK(books.desk().boxes.empty());
+  const auto ia = books.all<rec::ia>();
+  REQUIRE(ia.size() == 1);
+  CHECK(ia[0].numero == "000077");
+  CHECK(ia[0].protocollo == "00001");
+  CHECK(ia[0].imposta == 22);
+  books.checkWhole();
+}
+
+TEST_CASE("amounts in Lire balance in Euro whatever they are") {
+  // Every split of 10.000 Lire into three rows of 22 %: no cent is lost or made.
+  for (int first = 1; first < 10'000; first += 37) {
+    InvoiceDocument document;
+    const double second = 1936.27 / 2;
+    for (const double base : {first * 1.0, second, 10'000 - first - second}) {
+      InvoiceRow row;
+      row.contropartita = "00055";
+      row.imponibile = base;
+      row.imposta = std::floor(base * 0.22);
+      document.rows.push_back(row);
+    }
+    for (const InvoiceRow& row : document.rows) document.importo += row.imponibile + row.imposta;
+    REQUIRE(imbalance(document) == 0);
+    convertFromLire(document, 1936.27);
+    CHECK(imbalance(document) == 0);
+    CHECK(document.importo >= 5.16);
+  }
+}
