@@ -70,6 +70,28 @@ Slot writeSlot(Session& session, const NewCompany& company, std::string& code) {
   return Slot::taken;
 }
 
+Slot rewriteSlot(Session& session, const NewCompany& company, std::string_view code) {
+  archives::Archive<rec::dataz>& dataz = session.dataz;
+  if (dataz.search(1, company.name) == store::kOk && dataz.primaryKey() != code) return Slot::nameExists;
+  dataz.spinLock(code);
+  dataz.search(0, code);
+  session.CheckArchiveResult(Operation::read, dataz.code, 81);
+  bool written = session.store.LastArchiveResult == store::kOk;
+  if (written) {
+    dataz.A = dataz.B;
+    dataz.A.ragsoc = company.name;
+    dataz.A.indirizzo = company.address;
+    dataz.A.citta = company.city;
+    dataz.A.partitaiva = company.vatNumber;
+    written = dataz.put(code, store::Put::rewrite) == store::kOk;
+    session.CheckArchiveResult(Operation::write, dataz.code, 82);
+    dataz.flush();
+    dataz.search(0, code);
+  }
+  dataz.unlock(code);
+  return written ? Slot::taken : Slot::failed;
+}
+
 void create(Session& session, std::string_view prefix, int position) {
   const archives::Entry& entry = *archives::find(prefix);
   const std::string stem = session.stem(prefix);
@@ -131,15 +153,6 @@ void writeCounters(Session& session, archives::Archive<rec::pr>& pr) {
   }
 }
 
-void openArchives(Session& session) {
-  session.pc.open(session.stem("pc"));
-  session.CheckArchiveResult(Operation::open, session.pc.code, 72);
-  session.pr.open(session.stem("pr"));
-  session.CheckArchiveResult(Operation::open, session.pr.code, 73);
-  session.ct.open(session.stem("ct"));
-  session.CheckArchiveResult(Operation::open, session.ct.code, 74);
-}
-
 }  // namespace
 
 Slot takeSlot(Session& session, const NewCompany& company, std::string& code) {
@@ -147,6 +160,32 @@ Slot takeSlot(Session& session, const NewCompany& company, std::string& code) {
   const Slot slot = writeSlot(session, company, code);
   session.dataz.unlock(kSlotLock);
   return slot;
+}
+
+Slot changeSlot(Session& session, const NewCompany& company, std::string_view code) {
+  session.dataz.spinLock(kSlotLock);
+  const Slot slot = rewriteSlot(session, company, code);
+  session.dataz.unlock(kSlotLock);
+  return slot;
+}
+
+void freeSlot(Session& session, std::string_view code) {
+  archives::Archive<rec::dataz>& dataz = session.dataz;
+  dataz.spinLock(kSlotLock);
+  dataz.A = rec::dataz{};
+  dataz.put(code, store::Put::rewrite);
+  session.CheckArchiveResult(Operation::write, dataz.code, 84);
+  dataz.flush();
+  dataz.unlock(kSlotLock);
+}
+
+void openCompanyArchives(Session& session) {
+  session.pc.open(session.stem("pc"));
+  session.CheckArchiveResult(Operation::open, session.pc.code, 72);
+  session.pr.open(session.stem("pr"));
+  session.CheckArchiveResult(Operation::open, session.pr.code, 73);
+  session.ct.open(session.stem("ct"));
+  session.CheckArchiveResult(Operation::open, session.ct.code, 74);
 }
 
 void makeCompany(Session& session, const NewCompany& company, const std::string& code) {
@@ -160,7 +199,7 @@ void makeCompany(Session& session, const NewCompany& company, const std::string&
     OpenArchive<rec::pr> pr(session, 78, 79);
     writeCounters(session, *pr);
   }
-  openArchives(session);
+  openCompanyArchives(session);
   session.WarehouseCount = 1;
   session.dataz.search(0, code);
   session.CheckArchiveResult(Operation::read, session.dataz.code, 80);

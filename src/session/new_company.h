@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "session/session.h"
 
@@ -18,6 +19,16 @@ inline constexpr int kMostCompanies = 100;
 // Finds a free slot of `dataz` and writes the company into it, under one lock for all stations, so that two
 // of them take neither the same slot nor the same name. `code` receives the slot's key.
 Slot takeSlot(Session& session, const NewCompany& company, std::string& code);
+
+// Writes the four fields of a company under the same lock, its other fields as they stand. nameExists when
+// another company bears the name; noneFree never.
+Slot changeSlot(Session& session, const NewCompany& company, std::string_view code);
+
+// Empties the slot of a company that has been removed, its name last of all seen by other stations.
+void freeSlot(Session& session, std::string_view code);
+
+// Opens `pc`, `pr`, `ct` of the company that the session stands on, each failure reported.
+void openCompanyArchives(Session& session);
 
 // Closes the open company, makes the archives of the new one with what they begin with, and leaves the
 // session on it, warehouse 01. A failure is reported, and the work goes on. Writes the log line.

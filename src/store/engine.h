@@ -89,6 +89,9 @@ class Engine {
   virtual ~Engine() = default;
   // Durable when it returns kOk. kSystem when the archive is there already.
   virtual Code create(const std::string& stem, int keyLength, const std::string& format) = 0;
+  // A new archive with the records of `from`, as they stand between two writes of whatever station. Durable
+  // when it returns kOk. kSystem when `from` is not there, or `to` is.
+  virtual Code copy(const std::string& from, const std::string& to) = 0;
   virtual Code kill(const std::string& stem) = 0;  // kSystem when nothing of it is there
   virtual bool exists(const std::string& stem) const = 0;
   virtual Code open(const std::string& stem, std::unique_ptr<Table>& table) = 0;  // kSystem: not there

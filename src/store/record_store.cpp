@@ -15,6 +15,12 @@ Code RecordStore::VmxKill(const std::string& stem) {
   return LastArchiveResult = impl_->noted(impl_->kill(stem));
 }
 
+std::vector<Code> RecordStore::copyArchives(const std::vector<ArchiveCopy>& copies) {
+  std::vector<Code> results(copies.size(), kOk);
+  if (!copies.empty()) LastArchiveResult = impl_->copyAll(copies, results);
+  return results;
+}
+
 Code RecordStore::VmxOpen(const std::string& stem, Handle& handle) {
   const Code code = impl_->open(stem, handle);
   // An archive that is not there does not spoil a group by itself: some are made when they are first missed.

@@ -13,6 +13,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "store/format.h"
 
@@ -60,6 +61,10 @@ struct Found {
   std::string indexKey, primaryKey, record;
 };
 
+struct ArchiveCopy {
+  std::string from, to;  // stems
+};
+
 class RecordStore {
  public:
   explicit RecordStore(StoreOptions options);
@@ -71,6 +76,10 @@ class RecordStore {
   // made.
   Code VmxCreate(const std::string& stem, int keyLength, const std::string& format);
   Code VmxKill(const std::string& stem);  // removes the three files (and what stood beside them)
+  // Copies archives of one company, each to a stem where nothing stands: all of them as they are between the
+  // same two groups of any station, which wait meanwhile. The result of each copy, as of VmxCreate; one that
+  // fails leaves nothing behind and stops none of the others.
+  std::vector<Code> copyArchives(const std::vector<ArchiveCopy>& copies);
   Code VmxOpen(const std::string& stem, Handle& handle);
   Code VmxClose(Handle handle);  // flushes first
   Code VmxFlush(Handle handle);  // durable, and seen by other stations

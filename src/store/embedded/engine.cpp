@@ -69,13 +69,17 @@ class EmbeddedEngine final : public Engine {
   explicit EmbeddedEngine(std::function<void()> onWait) { wait_.onWait = std::move(onWait); }
 
   Code create(const std::string& stem, int keyLength, const std::string& format) override;
+  Code copy(const std::string& from, const std::string& to) override;
   Code kill(const std::string& stem) override { return Family(stem).remove(); }
   bool exists(const std::string& stem) const override { return Family(stem).isWhole(); }
   Code open(const std::string& stem, std::unique_ptr<Table>& table) override;
 
  private:
   Code connect(const std::string& path, int flags, Connection& connection);
+  template <class Fill>
+  Code make(const Family& family, const Descriptor& descriptor, const Fill& fill);
   Code fill(const Family& family, const Descriptor& descriptor);
+  Code fillFrom(sqlite3* source, const Family& family);
 
   BusyWait wait_;
 };
@@ -135,7 +139,11 @@ Code EmbeddedEngine::open(const std::string& stem, std::unique_ptr<Table>& table
 Code EmbeddedEngine::create(const std::string& stem, int keyLength, const std::string& format) {
   const Descriptor descriptor{keyLength, format};
   parseFormat(format);
-  const Family family(stem);
+  return make(Family(stem), descriptor, [&](const Family& family) { return fill(family, descriptor); });
+}
+
+template <class Fill>
+Code EmbeddedEngine::make(const Family& family, const Descriptor& descriptor, const Fill& fill) {
   // Two stations may find the same archive missing: the descriptor's lock decides which of them makes it, and
   // a descriptor without text is what a creation left that was cut short.
   LockFile file;
@@ -145,7 +153,7 @@ Code EmbeddedEngine::create(const std::string& stem, int keyLength, const std::s
   for (; taken == kNotFound; taken = file.tryExclusive(kCreateByte)) wait.once();
   if (taken != kOk) return taken;
   if (::lseek(file.descriptor(), 0, SEEK_END) != 0) return kSystem;
-  Code result = fill(family, descriptor);
+  Code result = fill(family);
   if (result == kOk) result = writeWhole(file.descriptor(), textOf(descriptor));
   if (result == kOk) result = syncDirectoryOf(family.descriptor);
   if (result != kOk) family.remove();
@@ -177,6 +185,50 @@ Code EmbeddedEngine::fill(const Family& family, const Descriptor& descriptor) {
   sqlite3_file* file = nullptr;
   sqlite3_file_control(db, "main", SQLITE_FCNTL_FILE_POINTER, &file);
   return codeOf(db, file->pMethods->xSync(file, SQLITE_SYNC_NORMAL));
+}
+
+Code EmbeddedEngine::copy(const std::string& from, const std::string& to) {
+  const Family source(from);
+  if (!source.isWhole()) return kSystem;
+  Connection connection;
+  if (const Code result = connect(source.database, SQLITE_OPEN_READWRITE, connection)) return result;
+  Descriptor descriptor;
+  {
+    Statement meta(connection.get(), "SELECT keylen, format FROM meta");
+    if (const int result = meta.step(); result != SQLITE_ROW) {
+      const Code code = codeOf(connection.get(), result);
+      return code == kOk ? kDisk : code;  // no row: no archive
+    }
+    descriptor = {static_cast<int>(meta.integer(0)), std::string(meta.bytes(1))};
+  }
+  return make(Family(to), descriptor,
+              [&](const Family& family) { return fillFrom(connection.get(), family); });
+}
+
+// Page by page, under a read transaction: the files of an archive that a station is writing could not be
+// copied whole. The copy is an archive of its own, with its own name in the logs and no past in any of them.
+Code EmbeddedEngine::fillFrom(sqlite3* source, const Family& family) {
+  ::unlink(family.shared().c_str());
+  for (const std::string& path : {family.database, family.journal})
+    if (const Code result = makeEmpty(path)) return result;
+  {
+    Connection target;
+    if (const Code result = connect(family.database, SQLITE_OPEN_READWRITE, target)) return result;
+    if (const Code result = execute(target.get(), "PRAGMA journal_mode=MEMORY;PRAGMA synchronous=OFF"))
+      return result;
+    sqlite3_backup* backup = sqlite3_backup_init(target.get(), "main", source, "main");
+    if (!backup) return codeOf(target.get(), sqlite3_errcode(target.get()));
+    const int stepped = sqlite3_backup_step(backup, -1);
+    const int finished = sqlite3_backup_finish(backup);
+    if (stepped != SQLITE_DONE)
+      return codeOf(target.get(), finished != SQLITE_OK ? finished : stepped);
+  }
+  Connection copied;
+  if (const Code result = connect(family.database, SQLITE_OPEN_READWRITE, copied)) return result;
+  const std::string rename = "UPDATE meta SET uuid='" + newUuid() + "';UPDATE grp SET log=0, seq=0;";
+  if (const Code result = execute(copied.get(), rename)) return result;
+  return codeOf(copied.get(), sqlite3_wal_checkpoint_v2(copied.get(), "main", SQLITE_CHECKPOINT_TRUNCATE,
+                                                        nullptr, nullptr));
 }
 
 }  // namespace
