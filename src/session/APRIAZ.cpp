@@ -1,6 +1,5 @@
 // Apertura archivi nuova azienda.
 #include "common/text.h"
-#include "session/checks.h"
 #include "session/company.h"
 #include "session/forms.h"
 #include "session/new_company.h"
@@ -20,7 +19,6 @@ class Apriaz : public Form {
   void confirm();
   NewCompany typed() const;
   void refuseYear();
-  void tellWhy(Slot slot);
 
   Session& session_;
   Field text1{*this, "text1", "&Ragione sociale:", Mask::text(40)};
@@ -53,7 +51,7 @@ void Apriaz::confirm() {
   if (company.name.empty()) return desk().refuse("La ragione sociale non è stata inserita", text1);
   std::string code;
   const Slot slot = takeSlot(session_, company, code);
-  if (slot != Slot::taken) return tellWhy(slot);
+  if (slot != Slot::taken) return refuseSlot(session_, slot, "Archivi già creati", text1);
   const Busy busy(desk());
   makeCompany(session_, company, code);
   close();
@@ -62,13 +60,6 @@ void Apriaz::confirm() {
 void Apriaz::refuseYear() {
   desk().beep();
   text5.focus();
-}
-
-void Apriaz::tellWhy(Slot slot) {
-  if (slot == Slot::nameExists) return desk().refuse("Archivi già creati", text1);
-  if (slot != Slot::noneFree) return;
-  desk().beep();
-  desk().show({"Non si possono aprire più aziende", std::string(kProduct), Ask::ok, Icon::warning});
 }
 
 }  // namespace

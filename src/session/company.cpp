@@ -41,22 +41,9 @@ void writeVersion(Session& session) {
   pr.unlock(kVersionKey);
 }
 
-// Under the record's lock, and from the record as it stands now.
-void keepPassword(Session& session, std::string_view code, std::string_view typed) {
+bool upgradePassword(Session& session, std::string_view code, std::string_view typed) {
   const std::optional<std::string> kept = keptPassword(typed);
-  if (!kept) return;
-  archives::Archive<rec::dataz>& dataz = session.dataz;
-  dataz.spinLock(code);
-  dataz.search(0, code);
-  session.CheckArchiveResult(Operation::read, dataz.code, 22);
-  if (session.store.LastArchiveResult == store::kOk) {
-    dataz.A = dataz.B;
-    dataz.A.password = *kept;
-    dataz.put(code, store::Put::rewrite);
-    session.CheckArchiveResult(Operation::write, dataz.code, 23);
-    dataz.flush();
-  }
-  dataz.unlock(code);
+  return kept && changePassword(session, code, *kept);
 }
 
 bool passwordIsRight(Session& session, std::string_view code) {
@@ -64,11 +51,28 @@ bool passwordIsRight(Session& session, std::string_view code) {
   if (kept.empty()) return true;
   const std::optional<std::string> typed = askPassword(session, kept);
   if (!typed) return false;
-  if (checkPassword(kept, *typed) == PasswordCheck::rightButPlain) keepPassword(session, code, *typed);
+  if (checkPassword(kept, *typed) == PasswordCheck::rightButPlain) upgradePassword(session, code, *typed);
   return true;
 }
 
 }  // namespace
+
+bool changePassword(Session& session, std::string_view code, std::string_view kept) {
+  archives::Archive<rec::dataz>& dataz = session.dataz;
+  dataz.spinLock(code);
+  dataz.search(0, code);
+  session.CheckArchiveResult(Operation::read, dataz.code, 22);
+  bool written = session.store.LastArchiveResult == store::kOk;
+  if (written) {
+    dataz.A = dataz.B;
+    dataz.A.password = kept;
+    written = dataz.put(code, store::Put::rewrite) == store::kOk;
+    session.CheckArchiveResult(Operation::write, dataz.code, 23);
+    dataz.flush();
+  }
+  dataz.unlock(code);
+  return written;
+}
 
 std::vector<std::string> companyNames(Session& session) {
   archives::Archive<rec::dataz>& dataz = session.dataz;

@@ -33,6 +33,10 @@ enum class Opening { done, notThere, wrongPassword, failed };  // failed: report
 Opening openCompany(Session& session, std::string_view name, std::string_view year,
                     std::string_view warehouse);
 
+// Writes a company's password as it is to be kept (session/password.h; empty: none), under the record's lock
+// and into the record as it stands then. False when that failed, which has been reported.
+bool changePassword(Session& session, std::string_view code, std::string_view kept);
+
 // Closes `pc`, `pr`, `ct` when they are open; no company is open then. CompanyName stays.
 void closeCompany(Session& session);
 

@@ -123,8 +123,9 @@ Chosen Frame::open(const MenuEntry& entry) {
   session_.AgentMode = entry.mode == "agente" ? 1 : 0;
   if (entry.unit == "SCELTA") {
     changeCompany();
-  } else if (entry.unit == "APRIAZ") {
+  } else if (entry.unit == "APRIAZ" || entry.unit == "cancella") {
     session_.run(entry.unit);  // it changes the company under every form that would be opened beside it
+    chooseCompany();           // cancella may have removed the one that was open
   } else {
     session_.open(entry.unit);
   }

@@ -4,10 +4,12 @@
 #include <filesystem>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "archives/catalogue.h"
 #include "archives/si.h"
+#include "session/checks.h"
 #include "session/company.h"
 #include "session/predefined_accounts.h"
 
@@ -18,8 +20,6 @@ using store::Operation;
 
 // No company's code: all that give slots away or free them exclude each other by this key.
 constexpr std::string_view kSlotLock = "!!";
-
-constexpr int kFirstCounter = 50;  // "conto": the numbers below are the predefined accounts'
 
 struct Creation {
   std::string_view prefix;
@@ -160,6 +160,14 @@ Slot takeSlot(Session& session, const NewCompany& company, std::string& code) {
   const Slot slot = writeSlot(session, company, code);
   session.dataz.unlock(kSlotLock);
   return slot;
+}
+
+void refuseSlot(Session& session, Slot slot, std::string nameExists, ui::Field& name) {
+  ui::Desk& desk = session.desk();
+  if (slot == Slot::nameExists) return desk.refuse(std::move(nameExists), name);
+  if (slot != Slot::noneFree) return;
+  desk.beep();
+  desk.show({"Non si possono aprire più aziende", std::string(kProduct), ui::Ask::ok, ui::Icon::warning});
 }
 
 Slot changeSlot(Session& session, const NewCompany& company, std::string_view code) {

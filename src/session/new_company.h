@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "session/session.h"
+#include "ui/control.h"
 
 namespace tarvex {
 
@@ -15,10 +16,14 @@ struct NewCompany {
 enum class Slot { taken, nameExists, noneFree, failed };  // failed: reported already, nothing was made
 
 inline constexpr int kMostCompanies = 100;
+inline constexpr int kFirstCounter = 50;  // "conto": the numbers below are the predefined accounts'
 
 // Finds a free slot of `dataz` and writes the company into it, under one lock for all stations, so that two
 // of them take neither the same slot nor the same name. `code` receives the slot's key.
 Slot takeSlot(Session& session, const NewCompany& company, std::string& code);
+
+// Tells why no slot was given: `nameExists` with the focus on `name`, or that there is room for no more.
+void refuseSlot(Session& session, Slot slot, std::string nameExists, ui::Field& name);
 
 // Writes the four fields of a company under the same lock, its other fields as they stand. nameExists when
 // another company bears the name; noneFree never.

@@ -67,7 +67,8 @@ TEST_CASE("no text in any field harms the program or its books") {
   REQUIRE(station.start(test::choose(test::kCompany, test::kYear)));
   for (const tarvex::Unit& unit : tarvex::units()) {
     CAPTURE(unit.name);
-    if (unit.name == "APRIAZ") continue;  // would change the company under the test; its fields are no others
+    // They would change the company under the test, or ask; their fields are no others.
+    if (unit.name == "APRIAZ" || unit.name == "DUPLICA" || unit.name == "PASSW") continue;
     for (const std::string& text : hostileTexts()) {
       CAPTURE(text.substr(0, 40));
       const auto form = station.session.make(unit.name);

@@ -176,6 +176,31 @@ TEST_CASE("two stations never take the same slot or the same name") {
   });
 }
 
+TEST_CASE("two stations that take slots at once get different ones, and never the same name") {
+  const Scratch directory;
+  Station(directory.path()).start(test::leave);
+  constexpr int kEach = 15;
+  const auto take = [&] {
+    Station station(directory.path());
+    int taken = 0;
+    atScelta(station, [&](ui::Form&) {
+      std::string code;
+      for (int i = 0; i < kEach; ++i)
+        taken += takeSlot(station.session, {"Azienda " + std::to_string(i), "", "", "", "2003"}, code) ==
+                 Slot::taken;
+    });
+    return taken;
+  };
+  const pid_t child = ::fork();
+  if (child == 0) ::_exit(take());
+  const int here = take();
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  CHECK(here + WEXITSTATUS(status) == kEach);
+  Station station(directory.path());
+  atScelta(station, [&](ui::Form&) { CHECK(companyNames(station.session).size() == kEach + 2); });
+}
+
 TEST_CASE("a company made where files stand already tells it, keeps them and goes on") {
   const Scratch directory;
   {

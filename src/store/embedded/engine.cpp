@@ -220,8 +220,7 @@ Code EmbeddedEngine::fillFrom(sqlite3* source, const Family& family) {
     if (!backup) return codeOf(target.get(), sqlite3_errcode(target.get()));
     const int stepped = sqlite3_backup_step(backup, -1);
     const int finished = sqlite3_backup_finish(backup);
-    if (stepped != SQLITE_DONE)
-      return codeOf(target.get(), finished != SQLITE_OK ? finished : stepped);
+    if (stepped != SQLITE_DONE) return codeOf(target.get(), finished != SQLITE_OK ? finished : stepped);
   }
   Connection copied;
   if (const Code result = connect(family.database, SQLITE_OPEN_READWRITE, copied)) return result;
