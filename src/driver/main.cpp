@@ -17,6 +17,7 @@
 #include "app/units.h"
 #include "common/date.h"
 #include "driver/driver.h"
+#include "store/files.h"
 
 namespace {
 
@@ -47,8 +48,8 @@ bool isTime(std::string_view text) {
 // Makes the directory when it is missing. The returned text says why it cannot be used; empty when it can.
 std::string prepare(const fs::path& directory) {
   std::error_code error;
-  fs::create_directories(directory, error);
-  if (error) return error.message();
+  store::makeDirectory(directory.string(), store::kOwn);
+  if (!fs::exists(directory, error)) return "cannot be made";
   if (!fs::is_directory(directory, error)) return "not a directory";
   if (access(directory.c_str(), R_OK | W_OK | X_OK) != 0)
     return std::error_code(errno, std::generic_category()).message();

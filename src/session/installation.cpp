@@ -18,6 +18,7 @@
 #include "common/csv.h"
 #include "common/text.h"
 #include "session/text_file.h"
+#include "store/files.h"
 #include "store/locks.h"
 
 namespace tarvex {
@@ -193,8 +194,9 @@ bool ensureInstallation(Session& session) {
   const std::string& directory = session.DataDirectory;
   const std::string markerPath = directory + std::string(kMarker);
   if (!exists(markerPath) && isWhole(directory)) return true;
+  store::makeDirectory(directory,
+                       store::kOwn);  // of a single station; where that fails, all that follows does
   std::error_code error;
-  fs::create_directories(directory, error);
   if (!mayInstall(directory, markerPath)) return true;
   if (!appendText(markerPath, "")) return false;
   store::LockFile marker;

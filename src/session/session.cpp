@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "archives/catalogue.h"
+#include "session/startup.h"
 #include "session/text_file.h"
 #include "ui/form.h"
 
@@ -17,6 +18,9 @@ Session::~Session() = default;
 
 store::StoreOptions Session::storeOptions() {
   store::StoreOptions options;
+  bool singleStation = true;
+  dataDirectory(options_, singleStation);
+  options.share = !singleStation;
   options.logOf = [](std::string_view archive) { return archives::logOf(archive); };
   options.onFailure = [this](const store::ArchiveFailure& failure) { showFailure(failure); };
   options.onWait = [this] { desk_.status(2, "Archivio in uso da un'altra postazione"); };

@@ -1,18 +1,31 @@
 #include "session/text_file.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <fstream>
+
+#include "store/files.h"
 
 namespace tarvex {
 namespace {
 
-constexpr mode_t kMode = 0600;  // names of customers stand in the log
+// Names of customers stand in the log: it is for those alone who may write in its directory.
+mode_t permissionsIn(const std::string& directory) {
+  struct stat info {};
+  const bool ofGroup = ::stat(directory.empty() ? "." : directory.c_str(), &info) == 0 &&
+                       (info.st_mode & S_ISGID) != 0 && (info.st_mode & S_IWGRP) != 0;
+  return (ofGroup ? store::kShared : store::kOwn).file;
+}
 
 bool write(const std::string& path, int flags, std::string_view text) {
-  const int file = ::open(path.c_str(), flags | O_WRONLY | O_CREAT | O_CLOEXEC, kMode);
+  const mode_t permissions = permissionsIn(path.substr(0, path.rfind('/') + 1));
+  int file = ::open(path.c_str(), flags | O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
+  if (file >= 0) store::setPermissions(file, permissions);
+  if (file < 0 && errno == EEXIST) file = ::open(path.c_str(), flags | O_WRONLY | O_CLOEXEC);
   if (file < 0) return false;
   const bool written = ::write(file, text.data(), text.size()) == static_cast<ssize_t>(text.size());
   return (::close(file) == 0) && written;

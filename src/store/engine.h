@@ -97,7 +97,8 @@ class Engine {
   virtual Code open(const std::string& stem, std::unique_ptr<Table>& table) = 0;  // kSystem: not there
 };
 
-// `onWait` is called while another station's write is waited for: after 300 ms, then every 100 ms.
-std::unique_ptr<Engine> makeEmbeddedEngine(std::function<void()> onWait = {});
+// `onWait` is called while another station's write is waited for: after 300 ms, then every 100 ms. `share` as
+// in StoreOptions.
+std::unique_ptr<Engine> makeEmbeddedEngine(std::function<void()> onWait = {}, bool share = false);
 
 }  // namespace store

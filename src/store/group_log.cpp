@@ -87,9 +87,9 @@ Code GroupLog::open(LockWait wait, bool& alone) {
   // Whoever held LOG may have removed the file in the meantime: then this is the wrong one.
   for (int tries = 0; tries < 5; ++tries) {
     close();
-    if (code = file_.open(path_, true); code != kOk) return code;
+    if (code = file_.make(path_, permissions_); code != kOk) return code;
     code = lock(kLogByte, wait);
-    if (code == kOk || isCurrent()) break;
+    if (code == kOk || file_.isStillAt(path_)) break;
   }
   if (code == kOk) code = enter(alone);
   if (code != kOk) {
@@ -119,17 +119,10 @@ Code GroupLog::enter(bool& alone) {
   return head.blank ? initialise() : code;
 }
 
-bool GroupLog::isCurrent() const {
-  struct stat open {
-  }, named{};
-  return ::fstat(file_.descriptor(), &open) == 0 && ::stat(path_.c_str(), &named) == 0 &&
-         open.st_dev == named.st_dev && open.st_ino == named.st_ino;
-}
-
 Code GroupLog::lock(std::uint64_t byte, LockWait& wait) {
   Code code = file_.tryExclusive(byte);
   for (; code == kNotFound; code = file_.tryExclusive(byte)) wait.once();
-  if (code != kOk || isCurrent()) return code;
+  if (code != kOk || file_.isStillAt(path_)) return code;
   file_.release(byte);
   return kSystem;
 }

@@ -46,12 +46,14 @@ struct LogRecord {
 
 class GroupLog {
  public:
-  explicit GroupLog(std::string path) : path_(std::move(path)) {}
+  // `permissions` are those of a file that is made.
+  explicit GroupLog(std::string path, mode_t permissions = 0600)
+      : path_(std::move(path)), permissions_(permissions) {}
 
   const std::string& path() const { return path_; }
   bool isOpen() const { return file_.isOpen(); }
 
-  // Opens the file, made with an empty, durable head when it is not there (mode 0600) or was left without
+  // Opens the file, made with an empty, durable head when it is not there or was left without
   // one. Takes PRESENCE shared; `alone` tells whether no other station had it (asked for exclusively first,
   // under LOG), which means that the whole log must be replayed. LOG stays held when alone is true, until the
   // caller has recovered; a caller whose recovery fails closes the log instead, so that the next station is
@@ -95,7 +97,6 @@ class GroupLog {
   struct Head;
   struct Walk;
   Code lock(std::uint64_t byte, LockWait& wait);
-  bool isCurrent() const;
   Code enter(bool& alone);
   Code readHead(Head& head);
   Code initialise();
@@ -105,6 +106,7 @@ class GroupLog {
   Code sync();
 
   std::string path_;
+  mode_t permissions_;
   LockFile file_;
   std::uint64_t tail_ = 0;
   bool failed_ = false;  // the disk refused a flush: what it holds is not known until the log is opened again

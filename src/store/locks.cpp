@@ -1,6 +1,7 @@
 #include "store/locks.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -11,6 +12,7 @@
 #include <utility>
 
 #include "store/errors.h"
+#include "store/files.h"
 
 namespace store {
 namespace {
@@ -36,12 +38,31 @@ LockFile& LockFile::operator=(LockFile&& other) noexcept {
   return *this;
 }
 
-Code LockFile::open(const std::string& path, bool create) {
+Code LockFile::open(const std::string& path, int flags, mode_t permissions) {
   close();
   do {
-    descriptor_ = ::open(path.c_str(), O_RDWR | O_CLOEXEC | (create ? O_CREAT : 0), 0600);
+    descriptor_ = ::open(path.c_str(), O_RDWR | O_CLOEXEC | flags, permissions);
   } while (descriptor_ < 0 && errno == EINTR);
   return descriptor_ < 0 ? codeOfErrno(errno) : kOk;
+}
+
+Code LockFile::open(const std::string& path) { return open(path, 0, 0); }
+
+Code LockFile::make(const std::string& path, mode_t permissions) {
+  for (;;) {
+    const Code code = open(path, 0, 0);
+    if (code == kOk || errno != ENOENT) return code;
+    const Code made = open(path, O_CREAT | O_EXCL, permissions);
+    if (made == kOk) return setPermissions(descriptor_, permissions);
+    if (errno != EEXIST) return made;  // there by now: another station was faster
+  }
+}
+
+bool LockFile::isStillAt(const std::string& path) const {
+  struct stat open {
+  }, named{};
+  return ::fstat(descriptor_, &open) == 0 && ::stat(path.c_str(), &named) == 0 &&
+         open.st_dev == named.st_dev && open.st_ino == named.st_ino;
 }
 
 void LockFile::close() {

@@ -2,6 +2,8 @@
 // keep two stations of one process apart.
 #pragma once
 
+#include <sys/types.h>
+
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -21,12 +23,15 @@ class LockFile {
   LockFile(LockFile&& other) noexcept;
   LockFile& operator=(LockFile&& other) noexcept;
 
-  // Opens for reading and writing; a file that was open before is closed. With `create` an empty file of mode
-  // 0600 is made where there is none. kOk or the code of the cause (store/errors.h).
-  Code open(const std::string& path, bool create = false);
+  // Opens for reading and writing; a file that was open before is closed. make(): where there is none, an
+  // empty file is made, with those permissions whatever the umask. kOk or the code of the cause
+  // (store/errors.h).
+  Code open(const std::string& path);
+  Code make(const std::string& path, mode_t permissions);
   void close();  // all its locks fall
   bool isOpen() const { return descriptor_ >= 0; }
   int descriptor() const { return descriptor_; }
+  bool isStillAt(const std::string& path) const;  // false when the file there was removed or replaced
 
   // kOk: taken; kNotFound: held by another description, nothing changed; otherwise the code of the cause.
   // Taking a byte that this description holds already changes its kind at once, and one release() frees it
@@ -37,6 +42,7 @@ class LockFile {
   Code releaseAll(std::uint64_t first, std::uint64_t bytes);  // 0 bytes: all from `first` on
 
  private:
+  Code open(const std::string& path, int flags, mode_t permissions);
   Code change(short kind, std::uint64_t first, std::uint64_t bytes);
   int descriptor_ = -1;
 };

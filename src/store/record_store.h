@@ -47,6 +47,9 @@ struct ArchiveFailure {
 };
 
 struct StoreOptions {
+  // The directory is shared by stations on several machines: its files are kept in a way that needs no memory
+  // in common, and are open to the group of the users.
+  bool share = false;
   // The name of the group log (without directory) that guards an archive, from the archive's name
   // without directory: "2003ABmc" -> "AB--.grp", "civa" -> "--.grp".
   std::function<std::string(std::string_view archive)> logOf;

@@ -2,6 +2,7 @@
 
 #include "common/text.h"
 #include "store/check.h"
+#include "store/files.h"
 
 namespace store {
 namespace {
@@ -29,7 +30,7 @@ std::string nameOf(const std::string& stem) { return stem.substr(stem.rfind('/')
 
 RecordStore::Impl::Impl(StoreOptions given) : options(std::move(given)) {
   if (!options.logOf) options.logOf = [](std::string_view) { return "--.grp"; };
-  engine = makeEmbeddedEngine(options.onWait);
+  engine = makeEmbeddedEngine(options.onWait, options.share);
 }
 
 RecordStore::Impl::~Impl() {
@@ -40,7 +41,7 @@ RecordStore::Impl::~Impl() {
 }
 
 Company& RecordStore::Impl::companyOf(const std::string& logPath) {
-  return companies.try_emplace(logPath, logPath).first->second;
+  return companies.try_emplace(logPath, logPath, (options.share ? kShared : kOwn).file).first->second;
 }
 
 Member& RecordStore::Impl::memberOf(const std::string& stem) {

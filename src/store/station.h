@@ -21,7 +21,7 @@ namespace store {
 
 // The archives that share a group log. (Those of the installation are a company of their own here.)
 struct Company {
-  explicit Company(const std::string& path) : log(path) {}
+  Company(const std::string& path, mode_t permissions) : log(path, permissions) {}
 
   GroupLog log;
   bool behind = false;  // a committed group is not yet in all its archives: nothing is read or written before

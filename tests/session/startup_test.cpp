@@ -83,6 +83,32 @@ TEST_CASE("an empty directory that rr names is a share that is not there, not a 
   CHECK(!std::filesystem::exists(share / "civa.ISM"));
 }
 
+TEST_CASE("a directory that rr names is worked on as a share, and by its single station as before") {
+  const Scratch directory;
+  {
+    Station first(directory.path());
+    CHECK(first.start(test::found(first.desk, "Rossi", "2003")));
+  }
+  const auto versionOf = [&](const char* archive) { return contents(directory / archive).at(18); };
+  CHECK(versionOf("2003ADpc.ISD") == 2);  // the journal written ahead
+  namespace fs = std::filesystem;
+  fs::permissions(directory.path(), fs::perms(02770));
+  write(directory / "rr", directory.path().string());
+  fs::remove(directory / "2003AD--.isx");
+  {
+    Station shared(directory.path());
+    CHECK(shared.start(test::choose("Rossi", "2003")));
+    shared.session.log("prova");
+    CHECK(fs::status(shared.session.logPath()).permissions() == fs::perms(0660));
+    CHECK(shared.desk.boxes.empty());
+  }
+  CHECK(versionOf("2003ADpc.ISD") == 1);  // the rollback journal
+  fs::remove(directory / "rr");
+  Station again(directory.path());
+  CHECK(again.start(test::choose("Rossi", "2003")));
+  CHECK(versionOf("2003ADpc.ISD") == 2);
+}
+
 TEST_CASE("the start sets the session's values") {
   Open station;
   const Session& session = station.session;

@@ -1,6 +1,7 @@
 // A small archive to test on, and short names for what is done to it.
 #pragma once
 
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -74,8 +75,12 @@ class Opened {
   store::RecordStore& store_;
 };
 
+// The tests run twice, and the stations that they start along with them: by themselves, and as on a share.
+inline bool onShare() { return std::getenv("TARVEX_TEST_SHARE") != nullptr; }
+
 inline store::StoreOptions optionsOfTests() {
   store::StoreOptions options;
+  options.share = onShare();
   options.logOf = [](std::string_view archive) {
     return archive.starts_with("2003") ? std::string(archive.substr(4, 2)).append("--.grp") : "--.grp";
   };

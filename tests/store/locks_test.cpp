@@ -20,7 +20,7 @@ TEST_CASE("a lock file opens with the code of the cause, and never leaks into a 
   CHECK(file.open(scratch / "none") == store::kSystem);
   CHECK_FALSE(file.isOpen());
   CHECK(file.open(scratch.path().string()) == store::kDisk);
-  REQUIRE(file.open(scratch / "lock", true) == store::kOk);
+  REQUIRE(file.make(scratch / "lock", 0600) == store::kOk);
   CHECK((::fcntl(file.descriptor(), F_GETFD) & FD_CLOEXEC) != 0);
   const auto permissions = std::filesystem::status(scratch / "lock").permissions();
   CHECK(permissions == (std::filesystem::perms::owner_read | std::filesystem::perms::owner_write));
@@ -30,7 +30,7 @@ TEST_CASE("two stations of one process exclude each other") {
   const test::Scratch scratch;
   const std::uint64_t byte = store::lockByte("00012");
   LockFile one, two;
-  REQUIRE(one.open(scratch / "lock", true) == store::kOk);
+  REQUIRE(one.make(scratch / "lock", 0600) == store::kOk);
   REQUIRE(two.open(scratch / "lock") == store::kOk);
 
   CHECK(one.tryExclusive(byte) == store::kOk);
@@ -55,8 +55,8 @@ TEST_CASE("two stations of one process exclude each other") {
 TEST_CASE("locks go along with the object that is moved, and fall with the one that is replaced") {
   const test::Scratch scratch;
   LockFile one, other, probe;
-  REQUIRE(one.open(scratch / "a", true) == store::kOk);
-  REQUIRE(other.open(scratch / "b", true) == store::kOk);
+  REQUIRE(one.make(scratch / "a", 0600) == store::kOk);
+  REQUIRE(other.make(scratch / "b", 0600) == store::kOk);
   REQUIRE(one.tryExclusive(7) == store::kOk);
   REQUIRE(other.tryExclusive(7) == store::kOk);
 
@@ -74,7 +74,7 @@ TEST_CASE("the locks of a killed station are free once it is gone") {
   const test::Scratch scratch;
   const std::uint64_t byte = store::lockByte("conto");
   LockFile file;
-  REQUIRE(file.open(scratch / "lock", true) == store::kOk);
+  REQUIRE(file.make(scratch / "lock", 0600) == store::kOk);
   LockFile his;
   test::HoldingChild child(
       [&] { return his.open(scratch / "lock") == store::kOk && his.tryExclusive(byte) == store::kOk; });

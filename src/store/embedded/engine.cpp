@@ -22,7 +22,9 @@ namespace {
 
 using namespace embedded;
 
-constexpr std::uint64_t kCreateByte = (1ULL << 62) + 3;  // held on the descriptor by who makes the archive
+// On the descriptor. MAKE is the mutex of whoever makes the archive or changes its journal; USE is shared by
+// all that have the archive open, so that the journal is changed with nobody there.
+constexpr std::uint64_t kMakeByte = (1ULL << 62) + 3, kUseByte = (1ULL << 62) + 4;
 constexpr std::int64_t kMostWaitMicroseconds = 60'000'000;
 
 struct BusyWait {
@@ -66,7 +68,9 @@ int cacheKilobytes(std::string_view stem) {
 
 class EmbeddedEngine final : public Engine {
  public:
-  explicit EmbeddedEngine(std::function<void()> onWait) { wait_.onWait = std::move(onWait); }
+  EmbeddedEngine(std::function<void()> onWait, bool share) : share_(share) {
+    wait_.onWait = std::move(onWait);
+  }
 
   Code create(const std::string& stem, int keyLength, const std::string& format) override;
   Code copy(const std::string& from, const std::string& to) override;
@@ -75,12 +79,19 @@ class EmbeddedEngine final : public Engine {
   Code open(const std::string& stem, std::unique_ptr<Table>& table) override;
 
  private:
-  Code connect(const std::string& path, int flags, Connection& connection);
+  Code connect(const Family& family, Journal journal, Connection& connection);
   template <class Fill>
   Code make(const Family& family, const Descriptor& descriptor, const Fill& fill);
   Code fill(const Family& family, const Descriptor& descriptor);
-  Code fillFrom(sqlite3* source, const Family& family);
+  Code fillFrom(sqlite3* source, Journal journal, const Family& family);
+  Code lockMaking(LockFile& descriptor);
+  Code enter(const Family& family, LockFile& use, Journal& journal);
+  Code convert(const Family& family, Journal from, Journal to);
+  Journal journalFor(const std::string& path) const {
+    return share_ || isOnNetwork(path) ? Journal::rollback : Journal::ahead;
+  }
 
+  bool share_;
   BusyWait wait_;
 };
 
@@ -89,9 +100,9 @@ Code execute(sqlite3* connection, const std::string& sql) {
 }
 
 // An empty file of its own mode: SQLite would make it readable for all.
-Code makeEmpty(const std::string& path) {
+Code makeEmpty(const std::string& path, mode_t permissions) {
   LockFile file;
-  if (const Code result = file.open(path, true)) return result;
+  if (const Code result = file.make(path, permissions)) return result;
   return ::ftruncate(file.descriptor(), 0) == 0 ? kOk : codeOfErrno(errno);
 }
 
@@ -101,10 +112,10 @@ Code writeWhole(int descriptor, const std::string& text) {
   return ::fsync(descriptor) == 0 ? kOk : codeOfErrno(errno);
 }
 
-Code EmbeddedEngine::connect(const std::string& path, int flags, Connection& connection) {
+Code EmbeddedEngine::connect(const Family& family, Journal journal, Connection& connection) {
   sqlite3* opened = nullptr;
-  const int result = sqlite3_open_v2(path.c_str(), &opened,
-                                     flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, fileLayer());
+  constexpr int kFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+  const int result = sqlite3_open_v2(family.database.c_str(), &opened, kFlags, fileLayer(journal));
   connection.reset(opened);
   if (result != SQLITE_OK) return codeOf(opened, result);
   if (sqlite3_db_readonly(opened, "main") == 1) return kSystem;
@@ -118,22 +129,72 @@ Code EmbeddedEngine::connect(const std::string& path, int flags, Connection& con
 Code EmbeddedEngine::open(const std::string& stem, std::unique_ptr<Table>& table) {
   const Family family(stem);
   if (!family.isWhole()) return kSystem;
+  LockFile use;
+  Journal journal = Journal::ahead;
+  if (const Code result = enter(family, use, journal)) return result;
   Connection connection;
-  if (const Code result = connect(family.database, SQLITE_OPEN_READWRITE, connection)) return result;
+  if (const Code result = connect(family, journal, connection)) return result;
   sqlite3* db = connection.get();
   sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  // The journal is made durable by flush and settle alone; a checkpoint in the middle of a posting would cost
-  // two flushes.
-  if (const Code result =
-          execute(db,
-                  "PRAGMA mmap_size=0;PRAGMA temp_store=MEMORY;PRAGMA cell_size_check=ON;"
-                  "PRAGMA synchronous=NORMAL;PRAGMA wal_autocheckpoint=0;PRAGMA cache_size=-" +
-                      std::to_string(cacheKilobytes(stem))))
-    return result;
-  auto opened = std::make_unique<EmbeddedTable>(std::move(connection));
+  // Written ahead, the journal is made durable by flush and settle alone; a checkpoint in the middle of a
+  // posting would cost two flushes. A rollback journal has to be durable before each change.
+  const std::string common = "PRAGMA mmap_size=0;PRAGMA temp_store=MEMORY;PRAGMA cell_size_check=ON;",
+                    safety = journal == Journal::ahead
+                                 ? "PRAGMA synchronous=NORMAL;PRAGMA wal_autocheckpoint=0;"
+                                 : "PRAGMA journal_mode=PERSIST;PRAGMA synchronous=FULL;",
+                    cache = "PRAGMA cache_size=-" + std::to_string(cacheKilobytes(stem));
+  if (const Code result = execute(db, common + safety + cache)) return result;
+  auto opened = std::make_unique<EmbeddedTable>(std::move(connection), std::move(use), journal);
   if (const Code result = opened->start(family.database)) return result;
   table = std::move(opened);
   return kOk;
+}
+
+Code EmbeddedEngine::lockMaking(LockFile& descriptor) {
+  LockWait wait(wait_.onWait);
+  Code taken = descriptor.tryExclusive(kMakeByte);
+  for (; taken == kNotFound; taken = descriptor.tryExclusive(kMakeByte)) wait.once();
+  return taken;
+}
+
+// Joins those that have the archive open, and tells its journal; when there is nobody, the journal is first
+// made the one that suits this station.
+Code EmbeddedEngine::enter(const Family& family, LockFile& use, Journal& journal) {
+  if (const Code code = use.open(family.descriptor)) return code;
+  if (const Code code = lockMaking(use)) return code;
+  if (!use.isStillAt(family.descriptor)) return kSystem;  // removed while this station waited
+  const Code alone = use.tryExclusive(kUseByte);
+  if (alone != kOk && alone != kNotFound) return alone;
+  if (const Code code = readJournal(family.database, journal)) return code;
+  const Journal wanted = journalFor(family.database);
+  if (alone == kOk && journal != wanted) {
+    if (const Code code = convert(family, journal, wanted)) return code;
+    journal = wanted;
+  }
+  // The memory that the journal's users share ends at this machine.
+  if (journal == Journal::ahead && isOnNetwork(family.database)) return kSystem;
+  if (const Code code = use.tryShared(kUseByte)) return code == kNotFound ? kSystem : code;
+  return use.release(kMakeByte);
+}
+
+// Under MAKE and USE. Whatever the old journal holds is written to the database first, so that a crash
+// between any two steps leaves an archive that is whole in one of both ways.
+Code EmbeddedEngine::convert(const Family& family, Journal from, Journal to) {
+  {
+    Connection connection;
+    if (const Code code = connect(family, from, connection)) return code;
+    sqlite3* db = connection.get();
+    if (const Code code = execute(db, "SELECT 1 FROM meta")) return code;
+    if (from == Journal::ahead) {
+      const int result = sqlite3_wal_checkpoint_v2(db, "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+      if (result != SQLITE_OK) return codeOf(db, result);
+    }
+  }
+  LockFile file;
+  if (const Code code = file.open(family.journal)) return code;
+  if (::ftruncate(file.descriptor(), 0) != 0 || ::fsync(file.descriptor()) != 0) return codeOfErrno(errno);
+  if (::unlink(family.shared().c_str()) != 0 && errno != ENOENT) return codeOfErrno(errno);
+  return writeJournal(family.database, to);
 }
 
 Code EmbeddedEngine::create(const std::string& stem, int keyLength, const std::string& format) {
@@ -147,11 +208,8 @@ Code EmbeddedEngine::make(const Family& family, const Descriptor& descriptor, co
   // Two stations may find the same archive missing: the descriptor's lock decides which of them makes it, and
   // a descriptor without text is what a creation left that was cut short.
   LockFile file;
-  if (const Code result = file.open(family.descriptor, true)) return result;
-  LockWait wait(wait_.onWait);
-  Code taken = file.tryExclusive(kCreateByte);
-  for (; taken == kNotFound; taken = file.tryExclusive(kCreateByte)) wait.once();
-  if (taken != kOk) return taken;
+  if (const Code result = file.make(family.descriptor, (share_ ? kShared : kOwn).file)) return result;
+  if (const Code result = lockMaking(file)) return result;
   if (::lseek(file.descriptor(), 0, SEEK_END) != 0) return kSystem;
   Code result = fill(family);
   if (result == kOk) result = writeWhole(file.descriptor(), textOf(descriptor));
@@ -163,9 +221,10 @@ Code EmbeddedEngine::make(const Family& family, const Descriptor& descriptor, co
 Code EmbeddedEngine::fill(const Family& family, const Descriptor& descriptor) {
   ::unlink(family.shared().c_str());
   for (const std::string& path : {family.database, family.journal})
-    if (const Code result = makeEmpty(path)) return result;
+    if (const Code result = makeEmpty(path, (share_ ? kShared : kOwn).file)) return result;
+  const Journal journal = journalFor(family.database);
   Connection connection;
-  if (const Code result = connect(family.database, SQLITE_OPEN_READWRITE, connection)) return result;
+  if (const Code result = connect(family, journal, connection)) return result;
   sqlite3* db = connection.get();
   // Nobody knows the archive yet, so a failure needs no journal: the files are made anew.
   const std::string schema =
@@ -181,7 +240,10 @@ Code EmbeddedEngine::fill(const Family& family, const Descriptor& descriptor) {
     meta.bind(4, std::int64_t{kCodec});
     if (const int result = meta.run(); result != SQLITE_DONE) return codeOf(db, result);
   }
-  if (const Code result = execute(db, "COMMIT;PRAGMA journal_mode=WAL;")) return result;
+  if (const Code result = execute(db, "COMMIT")) return result;
+  if (journal == Journal::ahead) {
+    if (const Code result = execute(db, "PRAGMA journal_mode=WAL")) return result;
+  }
   sqlite3_file* file = nullptr;
   sqlite3_file_control(db, "main", SQLITE_FCNTL_FILE_POINTER, &file);
   return codeOf(db, file->pMethods->xSync(file, SQLITE_SYNC_NORMAL));
@@ -190,8 +252,11 @@ Code EmbeddedEngine::fill(const Family& family, const Descriptor& descriptor) {
 Code EmbeddedEngine::copy(const std::string& from, const std::string& to) {
   const Family source(from);
   if (!source.isWhole()) return kSystem;
+  LockFile use;
+  Journal journal = Journal::ahead;
+  if (const Code result = enter(source, use, journal)) return result;
   Connection connection;
-  if (const Code result = connect(source.database, SQLITE_OPEN_READWRITE, connection)) return result;
+  if (const Code result = connect(source, journal, connection)) return result;
   Descriptor descriptor;
   {
     Statement meta(connection.get(), "SELECT keylen, format FROM meta");
@@ -202,18 +267,19 @@ Code EmbeddedEngine::copy(const std::string& from, const std::string& to) {
     descriptor = {static_cast<int>(meta.integer(0)), std::string(meta.bytes(1))};
   }
   return make(Family(to), descriptor,
-              [&](const Family& family) { return fillFrom(connection.get(), family); });
+              [&](const Family& family) { return fillFrom(connection.get(), journal, family); });
 }
 
 // Page by page, under a read transaction: the files of an archive that a station is writing could not be
-// copied whole. The copy is an archive of its own, with its own name in the logs and no past in any of them.
-Code EmbeddedEngine::fillFrom(sqlite3* source, const Family& family) {
+// copied whole. The copy is an archive of its own, with its own name in the logs and no past in any of them;
+// its header, which is copied, tells the same journal.
+Code EmbeddedEngine::fillFrom(sqlite3* source, Journal journal, const Family& family) {
   ::unlink(family.shared().c_str());
   for (const std::string& path : {family.database, family.journal})
-    if (const Code result = makeEmpty(path)) return result;
+    if (const Code result = makeEmpty(path, (share_ ? kShared : kOwn).file)) return result;
   {
     Connection target;
-    if (const Code result = connect(family.database, SQLITE_OPEN_READWRITE, target)) return result;
+    if (const Code result = connect(family, journal, target)) return result;
     if (const Code result = execute(target.get(), "PRAGMA journal_mode=MEMORY;PRAGMA synchronous=OFF"))
       return result;
     sqlite3_backup* backup = sqlite3_backup_init(target.get(), "main", source, "main");
@@ -223,7 +289,7 @@ Code EmbeddedEngine::fillFrom(sqlite3* source, const Family& family) {
     if (stepped != SQLITE_DONE) return codeOf(target.get(), finished != SQLITE_OK ? finished : stepped);
   }
   Connection copied;
-  if (const Code result = connect(family.database, SQLITE_OPEN_READWRITE, copied)) return result;
+  if (const Code result = connect(family, journal, copied)) return result;
   const std::string rename = "UPDATE meta SET uuid='" + newUuid() + "';UPDATE grp SET log=0, seq=0;";
   if (const Code result = execute(copied.get(), rename)) return result;
   return codeOf(copied.get(), sqlite3_wal_checkpoint_v2(copied.get(), "main", SQLITE_CHECKPOINT_TRUNCATE,
@@ -232,8 +298,8 @@ Code EmbeddedEngine::fillFrom(sqlite3* source, const Family& family) {
 
 }  // namespace
 
-std::unique_ptr<Engine> makeEmbeddedEngine(std::function<void()> onWait) {
-  return std::make_unique<EmbeddedEngine>(std::move(onWait));
+std::unique_ptr<Engine> makeEmbeddedEngine(std::function<void()> onWait, bool share) {
+  return std::make_unique<EmbeddedEngine>(std::move(onWait), share);
 }
 
 }  // namespace store

@@ -70,7 +70,7 @@ Code EmbeddedTable::start(const std::string& path) {
   inode_ = info.st_ino;
   sqlite3_wal_hook(db_.get(), noteFrames, &journalFrames_);
   if (const Code result = readMeta()) return result;
-  if (const Code result = mapToken()) return result;
+  if (const Code result = findToken()) return result;
   lookUpSql_ = "SELECT id", insertSql_ = "INSERT INTO r(pk,rec", updateSql_ = "UPDATE r SET rec=?2";
   std::string values = "?1,?2";
   for (std::size_t i = 0; i < format_.indexed.size(); ++i) {
@@ -102,12 +102,12 @@ Code EmbeddedTable::readMeta() {
   return kOk;
 }
 
-Code EmbeddedTable::mapToken() {
-  sqlite3_file* file = nullptr;
-  sqlite3_file_control(db_.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+Code EmbeddedTable::findToken() {
+  sqlite3_file_control(db_.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file_);
+  if (journal_ == Journal::rollback) return kOk;
   void volatile* index = nullptr;
   constexpr int kRegionBytes = 32768;
-  const int result = file->pMethods->xShmMap(file, 0, kRegionBytes, 0, &index);
+  const int result = file_->pMethods->xShmMap(file_, 0, kRegionBytes, 0, &index);
   if (result != SQLITE_OK) return failure(result);
   if (!index) return kDisk;  // no write-ahead journal: not as this engine makes its archives
   journalIndex_ = index;
@@ -115,6 +115,16 @@ Code EmbeddedTable::mapToken() {
 }
 
 Code EmbeddedTable::token(std::uint64_t& value) {
+  if (journal_ == Journal::rollback) {
+    constexpr int kChangeCounter = 24;  // in the header of the database
+    std::uint32_t counter = 0;
+    const int result = file_->pMethods->xRead(file_, &counter, sizeof counter, kChangeCounter);
+    value = counter;
+    if (result == SQLITE_OK) return kOk;
+    int cause = 0;  // the connection does not know of this read
+    sqlite3_file_control(db_.get(), "main", SQLITE_FCNTL_LAST_ERRNO, &cause);
+    return result == SQLITE_IOERR_SHORT_READ || cause == 0 ? kDisk : codeOfErrno(cause);
+  }
   // The checksum that closes the header of the journal's index: 8 bytes at offset 40, which a commit writes
   // last. It stays mapped as long as the connection lives.
   const auto* header = static_cast<const volatile std::uint64_t*>(journalIndex_);
@@ -316,6 +326,7 @@ Code EmbeddedTable::mark(LogMark& mark) {
 
 Code EmbeddedTable::sync() {
   if (broken_) return kDisk;
+  if (journal_ == Journal::rollback) return kOk;  // each transaction was durable when it ended
   sqlite3_file* journal = nullptr;
   sqlite3_file_control(db_.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER, &journal);
   if (!journal || !journal->pMethods) return kOk;  // nothing was ever written through it

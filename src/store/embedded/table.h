@@ -1,4 +1,4 @@
-// One archive open in the embedded engine: a SQLite database with write-ahead journal.
+// One archive open in the embedded engine: a SQLite database with its journal.
 //
 // r(id, pk, k<N>..., rec) holds a row for each record: its keys and the packed record with a checksum behind
 // it; an index i<N>(k<N>, pk) for each indexed field; grp(log, seq) the mark of the last group applied;
@@ -10,8 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "store/embedded/journal.h"
 #include "store/embedded/sql.h"
 #include "store/engine.h"
+#include "store/locks.h"
 
 namespace store::embedded {
 
@@ -27,7 +29,9 @@ bool unseal(std::string_view primaryKey, std::string_view sealed, std::string& r
 
 class EmbeddedTable final : public Table {
  public:
-  explicit EmbeddedTable(Connection connection) : db_(std::move(connection)) {}
+  // `use` tells other stations that the archive is open, and keeps `journal` what it is.
+  EmbeddedTable(Connection connection, LockFile use, Journal journal)
+      : use_(std::move(use)), db_(std::move(connection)), journal_(journal) {}
 
   // Reads what the archive is. `path` is the database's.
   Code start(const std::string& path);
@@ -55,7 +59,7 @@ class EmbeddedTable final : public Table {
   enum class Bound { from, beyond, none };  // key and primary key >=, >, or no condition
 
   Code readMeta();
-  Code mapToken();
+  Code findToken();
   Code failure(int result) { return codeOf(db_.get(), result); }
   static Bound boundOf(Place::At at, Way way);
   std::string scanSql(int index, Way way, Bound bound) const;
@@ -70,14 +74,17 @@ class EmbeddedTable final : public Table {
   Code remove(std::string_view primaryKey);
   Code sync();
 
+  LockFile use_;  // outlives the connection
   Connection db_;
+  Journal journal_;
   std::string path_;
   std::uint64_t device_ = 0, inode_ = 0;  // of the database file when it was opened
   Format format_;
   int keyLength_ = 0;
   std::string uuid_;
-  const volatile void* journalIndex_ = nullptr;  // its header tells every commit
-  int journalFrames_ = 0;                        // in the journal after the last own commit
+  sqlite3_file* file_ = nullptr;                 // of the database
+  const volatile void* journalIndex_ = nullptr;  // of a journal written ahead: its header tells every commit
+  int journalFrames_ = 0;                        // in a journal written ahead, after the last own commit
   bool dirty_ = false, broken_ = false;
 
   std::string insertSql_, updateSql_, lookUpSql_;
