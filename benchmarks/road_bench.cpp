@@ -4,7 +4,6 @@
 //
 // ./bench puts the archives into memory, so that the program is measured and not a disk.
 #include <benchmark/benchmark.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -12,19 +11,8 @@
 #include <string>
 
 #include "app/invoices.h"
+#include "flushes.h"
 #include "tools/scratch.h"
-
-namespace {
-
-long flushes = 0;
-
-}  // namespace
-
-// Stands before the C library's own, so that each flush of the program is counted.
-extern "C" int fdatasync(int descriptor) {
-  ++flushes;
-  return static_cast<int>(syscall(SYS_fdatasync, descriptor));
-}
 
 namespace {
 
@@ -62,13 +50,14 @@ void postAnInvoiceOfTwoRows(benchmark::State& state) {
   test::Station station(books(), kToday);
   station.start(test::choose(test::kCompany, test::kYear));
   station.session.open("mcfv");
-  const long before = flushes, first = number;
+  const long before = bench::flushes(), first = number;
   for (auto _ : state) {
     if (!test::postInvoice(station, *station.desk.forms().back(), ++number))
       return state.SkipWithError("an invoice was refused");
   }
   state.SetItemsProcessed(state.iterations());
-  state.counters["flushes"] = static_cast<double>(flushes - before) / static_cast<double>(number - first);
+  state.counters["flushes"] =
+      static_cast<double>(bench::flushes() - before) / static_cast<double>(number - first);
 }
 BENCHMARK(postAnInvoiceOfTwoRows)->Unit(benchmark::kMillisecond)->Iterations(1000);
 

@@ -2,18 +2,19 @@
 
 #include <algorithm>
 #include <array>
-#include <random>
 #include <set>
 #include <string_view>
 
 #include "common/amount.h"
 #include "common/text.h"
 #include "common/vat_number.h"
+#include "demo/draw.h"
+#include "demo/quarter.h"
 
 namespace demo {
 namespace {
 
-constexpr int kCustomers = 40, kInvoices = 120;
+constexpr int kCustomers = 40, kSuppliers = 12, kInvoices = 120, kCreditNoteEvery = 24;
 constexpr std::string_view kYear = "2026";
 
 constexpr std::array<std::string_view, 20> kSurnames{
@@ -61,21 +62,6 @@ constexpr std::array<Supply, 7> kSupplies{{{"Merci c/vendite", "22", 22, 55},
                                            {"Prestazioni di servizi", "E10", 0, 3},
                                            {"Merci c/vendite", "N8A", 0, 3}}};
 
-// The generator is the same on every machine; the library's distributions are not, hence below().
-class Draw {
- public:
-  explicit Draw(unsigned seed) : generator_(seed) {}
-  int below(int limit) { return static_cast<int>(generator_() % static_cast<unsigned>(limit)); }
-  int between(int low, int high) { return low + below(high - low + 1); }
-  template <class List>
-  const auto& from(const List& list) {
-    return list[static_cast<std::size_t>(below(static_cast<int>(list.size())))];
-  }
-
- private:
-  std::mt19937 generator_;
-};
-
 std::string join(std::initializer_list<std::string_view> words) {
   std::string text;
   for (const std::string_view word : words) (text += text.empty() ? "" : " ") += word;
@@ -118,10 +104,11 @@ Invoice invoice(Draw& draw, int number, const std::string& date, const std::vect
   one.date = date;
   // The first customers buy more often than the last ones.
   const int last = kCustomers - 1;
-  one.customer =
+  one.subject =
       customers[static_cast<std::size_t>(std::min(draw.between(0, last), draw.between(0, last)))].ragsoc;
-  one.description = "Fattura n. " + std::to_string(number);
-  for (int rows = draw.between(1, 4); rows > 0; --rows) {
+  one.creditNote = number % kCreditNoteEvery == 0;
+  one.description = (one.creditNote ? "Nota credito n. " : "Fattura n. ") + std::to_string(number);
+  for (int rows = one.creditNote ? 1 : draw.between(1, 4); rows > 0; --rows) {
     const Supply& sold = supply(draw);
     one.rows.push_back({std::string(sold.contropartita), std::string(sold.codiva),
                         draw.between(1'500, 480'000) / 100.0, sold.rate});
@@ -145,12 +132,10 @@ Company drawCompany(unsigned seed) {
   company.citta = "47122 FORLÌ (FC)";
   company.partitaiva = vatNumber(draw);
   company.year = kYear;
-  company.conti = {{"Ricavi delle vendite", "Ricavi"}};
-  company.sottoconti = {{"Merci c/vendite", "Ricavi delle vendite"},
-                        {"Prestazioni di servizi", "Ricavi delle vendite"},
-                        {"Vendite al dettaglio", "Ricavi delle vendite"}};
+  addChart(company);
   std::set<std::string> names;
   for (int i = 0; i < kCustomers; ++i) company.customers.push_back(customer(draw, names));
+  for (int i = 0; i < kSuppliers; ++i) company.suppliers.push_back(customer(draw, names));
   constexpr std::array<int, 3> days{31, 28, 31};
   std::vector<std::string> keys;
   for (int i = 0; i < kInvoices; ++i) {
@@ -161,9 +146,9 @@ Company drawCompany(unsigned seed) {
   std::sort(keys.begin(), keys.end());
   for (int i = 0; i < kInvoices; ++i) {
     const std::string& key = keys[static_cast<std::size_t>(i)];
-    const std::string date = key.substr(2) + "/" + key.substr(0, 2) + "/" + company.year;
-    company.invoices.push_back(invoice(draw, i + 1, date, company.customers));
+    company.invoices.push_back(invoice(draw, i + 1, dateOf(company.year, key), company.customers));
   }
+  addQuarter(draw, company);
   return company;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace demo {
@@ -13,7 +14,8 @@ struct Customer {
 
 struct Voice {  // of the chart
   std::string description;
-  std::string parent;  // description of its mastro or conto; empty for a mastro
+  std::string parent;            // description of its mastro or conto; empty for a mastro
+  std::string_view natura = {};  // of a mastro: "Patrimoniale" or "Economico"
 };
 
 struct InvoiceRow {
@@ -22,19 +24,50 @@ struct InvoiceRow {
   double rate = 0;  // of the code, in percent
 };
 
+// A sales or purchase invoice, or a credit note with its amounts positive.
 struct Invoice {
   int number = 0;
-  std::string date;  // dd/mm/yyyy, of registration and document
-  std::string customer, description;
+  std::string date;     // dd/mm/yyyy, of registration and document
+  std::string subject;  // customer or supplier
+  std::string description;
   std::vector<InvoiceRow> rows;
+  bool creditNote = false;
+  int registro = 1;
   double total() const;  // rows with their VAT, as the screen computes it
+};
+
+struct Takings {  // of one rate
+  std::string codiva;
+  double gross = 0, rate = 0;
+  double net() const;
+  double vat() const;
+};
+
+struct Receipt {  // of one day
+  int number = 0;
+  std::string date;
+  std::vector<Takings> takings;
+  double total() const;
+};
+
+struct Movement {  // with as many lines as there are voices
+  std::string date, description;
+  std::string scheme;  // of an automated entry: it names the voices
+  struct Line {
+    std::string voice;
+    double dare = 0, avere = 0;
+  };
+  std::vector<Line> lines;
 };
 
 struct Company {
   std::string ragsoc, indirizzo, citta, partitaiva, year;
-  std::vector<Voice> conti, sottoconti;
-  std::vector<Customer> customers;
-  std::vector<Invoice> invoices;  // of January, February and March, by date and number
+  std::vector<Voice> mastri, conti, sottoconti;
+  std::vector<Customer> customers, suppliers;
+  // Of January, February and March, by date and number.
+  std::vector<Invoice> invoices, purchases;
+  std::vector<Receipt> receipts;
+  std::vector<Movement> movements;
 };
 
 Company drawCompany(unsigned seed);

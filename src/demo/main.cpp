@@ -20,7 +20,8 @@ int main(int count, char** words) {
   }
   const demo::Played played = demo::play(folder, TARVEX_DATA_DIR, seed);
   for (const std::string& fault : played.faults) std::cerr << fault << '\n';
-  std::cout << played.invoices << " fatture registrate; stampe e archivi in " << folder.string() << '\n';
+  std::cout << played.invoices << " fatture e " << played.receipts
+            << " corrispettivi registrati; stampe e archivi in " << folder.string() << '\n';
   for (const auto& path : played.printed) std::cout << "  " << path.filename().string() << '\n';
   return played.faults.empty() ? 0 : 1;
 }

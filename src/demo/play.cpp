@@ -1,9 +1,11 @@
 #include "demo/play.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "app/units.h"
+#include "common/text.h"
 #include "demo/script.h"
 #include "driver/driver.h"
 #include "session/text_file.h"
@@ -28,9 +30,18 @@ void judge(const json& answer, std::string_view command, Played& played) {
     for (const json& violation : answer["violations"]) fault(violation.dump());
 }
 
+// "Registro iva vendite" to "registro-iva-vendite-1.txt", numbered by the prints of that title.
+std::string fileNameOf(const std::string& title, const Played& played) {
+  std::string name = common::lower(title) + "-";
+  std::replace(name.begin(), name.end(), ' ', '-');
+  const auto before = std::count_if(
+      played.printed.begin(), played.printed.end(),
+      [&](const std::filesystem::path& path) { return path.filename().string().starts_with(name); });
+  return name + std::to_string(before + 1) + ".txt";
+}
+
 void keepReport(const json& answer, const std::filesystem::path& folder, Played& played) {
-  const std::string number = std::to_string(played.printed.size() + 1);
-  const std::filesystem::path path = folder / ("registro-iva-vendite-" + number + ".txt");
+  const std::filesystem::path path = folder / fileNameOf(answer["title"], played);
   std::string text;
   for (const json& page : answer["pages"]) {
     for (const json& line : page) text += line.get<std::string>() + '\n';
@@ -56,7 +67,8 @@ Played play(const std::filesystem::path& folder, const std::filesystem::path& of
   driver::Driver(options, in, out).run();
 
   Played played;
-  played.invoices = static_cast<int>(company.invoices.size());
+  played.invoices = static_cast<int>(company.invoices.size() + company.purchases.size());
+  played.receipts = static_cast<int>(company.receipts.size());
   std::istringstream commands(script);
   for (std::string command, line; std::getline(commands, command) && std::getline(out, line);) {
     const json answer = json::parse(line);

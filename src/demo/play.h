@@ -11,7 +11,8 @@ namespace demo {
 struct Played {
   std::vector<std::string> faults;             // commands that failed, boxes of refusal, violated invariants
   std::vector<std::filesystem::path> printed;  // the files written
-  int invoices = 0;
+  int invoices = 0;                            // of sales and purchases, with the credit notes
+  int receipts = 0;
 };
 
 // `folder` gets the archives (in "archivi") and the prints; it is made when missing. Nothing that stands in

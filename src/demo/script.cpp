@@ -5,9 +5,12 @@
 #include <string_view>
 
 #include "common/amount.h"
+#include "common/text.h"
 
 namespace demo {
 namespace {
+
+constexpr std::size_t kFirstCode = 50;  // the last one that a new company has used
 
 class Script {
  public:
@@ -16,6 +19,11 @@ class Script {
     text_ += command;
     for (const std::string_view word : words) text_ += " " + nlohmann::json(word).dump();
     text_ += '\n';
+  }
+  void put(std::string_view archive, const std::string& key, const nlohmann::json& record) {
+    say("put", {archive, key});
+    text_.back() = ' ';
+    text_ += record.dump() + '\n';
   }
   void set(std::string_view control, std::string_view text) { say("set", {control, text}); }
   std::string text() && { return std::move(text_); }
@@ -45,15 +53,20 @@ void enterVatCode(Script& script) {
   script.say("close");
 }
 
+// The kind decides which parent is asked for; a mastro has none, and tells its nature.
 void enterVoice(Script& script, std::string_view kind, std::string_view parents, const Voice& voice) {
   script.say("pick", {"tipo", kind});
-  script.say("pick", {parents, voice.parent});
+  if (parents.empty())
+    script.say("pick", {"natura", voice.natura});
+  else
+    script.say("pick", {parents, voice.parent});
   script.set("Descrizione", voice.description);
   script.say("press", {"Registra"});
 }
 
 void enterVoices(Script& script, const Company& company) {
   script.say("open", {"RPC"});
+  for (const Voice& voice : company.mastri) enterVoice(script, "Mastro", "", voice);
   for (const Voice& voice : company.conti) enterVoice(script, "Conto", "Mastro associato", voice);
   for (const Voice& voice : company.sottoconti) enterVoice(script, "Sottoconto", "Conto associato", voice);
   script.say("close");
@@ -75,25 +88,115 @@ void enterCustomers(Script& script, const Company& company) {
   script.say("close");
 }
 
-void registerInvoice(Script& script, const Invoice& invoice) {
+std::string cell(std::string_view column, int row) {
+  return std::string(column) + "(" + std::to_string(row) + ")";
+}
+
+// Suppliers go straight into the chart, under the numbers that follow those drawn so far.
+void enterSuppliers(Script& script, const Company& company) {
+  auto code = static_cast<int>(kFirstCode + company.mastri.size() + company.conti.size() +
+                               company.sottoconti.size() + company.customers.size());
+  for (const Customer& supplier : company.suppliers) {
+    const std::string key = common::zeroFill(++code, 5);
+    script.put("pc", key,
+               {{"ragsoc", supplier.ragsoc},
+                {"indirizzo", supplier.indirizzo},
+                {"citta", supplier.citta},
+                {"cap", supplier.cap},
+                {"provincia", supplier.provincia},
+                {"partitaiva", supplier.partitaiva},
+                {"telefono", supplier.telefono},
+                {"pagamento", supplier.pagamento},
+                {"tipo", "f"},
+                {"natura", "p"},
+                {"mastro", "00002"},
+                {"conto", "00006"},
+                {"codice", "0000200006" + key},
+                {"chiavetipo", "f" + supplier.ragsoc},
+                {"chiavegruppo", "cf" + supplier.ragsoc}});
+  }
+  script.put("pr", "conto", {{"valore", code}});
+}
+
+void registerDocument(Script& script, const Invoice& invoice, bool purchase) {
   script.set("Data reg.", invoice.date);
   script.set("N. doc.", std::to_string(invoice.number));
-  script.set("Cliente", invoice.customer);
+  script.set("Registro", std::to_string(invoice.registro));
+  if (purchase) script.say("focus", {"Protocollo"});  // it proposes the next one
+  script.set(purchase ? "Fornitore" : "Cliente", invoice.subject);
   script.set("Descrizione", invoice.description);
   script.set("Importo fattura", common::toText(invoice.total()));
   int row = 0;
   for (const InvoiceRow& sold : invoice.rows) {
-    const std::string cell = "(" + std::to_string(++row) + ")";
-    script.set("controp" + cell, sold.contropartita);
-    script.set("imponibile" + cell, common::toText(sold.imponibile));
-    script.set("codiva" + cell, sold.codiva);
+    script.set(cell("controp", ++row), sold.contropartita);
+    script.set(cell("imponibile", row), common::toText(sold.imponibile));
+    script.set(cell("codiva", row), sold.codiva);
   }
   script.say("press", {"Registra"});
 }
 
-void printRegisters(Script& script) {
-  script.say("open", {"STRIV"});
+// In the order of the dates; a credit note is entered on a form of its own.
+void registerDocuments(Script& script, const std::vector<Invoice>& documents, bool purchase) {
+  const std::string_view invoices = purchase ? "MCFA" : "mcfv", creditNotes = purchase ? "mcca" : "mccv";
+  std::string_view open;
+  for (const Invoice& document : documents) {
+    const std::string_view unit = document.creditNote ? creditNotes : invoices;
+    if (unit != open) {
+      if (!open.empty()) script.say("close");
+      script.say("open", {open = unit});
+    }
+    registerDocument(script, document, purchase);
+  }
+  script.say("close");
+}
+
+void registerReceipts(Script& script, const Company& company) {
+  script.say("open", {"mcco"});
+  for (const Receipt& receipt : company.receipts) {
+    script.set("Data reg.", receipt.date);
+    script.set("N. doc.", std::to_string(receipt.number));
+    script.set("Sottoconto", "Cassa contanti");
+    script.set("Descrizione", "Corrispettivi del giorno");
+    script.set("Importo", common::toText(receipt.total()));
+    int row = 0;
+    for (const Takings& taken : receipt.takings) {
+      script.set(cell("controp", ++row), "Vendite al dettaglio");
+      script.set(cell("imponibile", row), common::toText(taken.gross));
+      script.set(cell("codiva", row), taken.codiva);
+      script.say("focus", {cell("importoiva", row)});
+      script.say("key", {"F6"});  // parts the gross amount
+    }
+    script.say("press", {"Registra"});
+  }
+  script.say("close");
+}
+
+void fillLine(Script& script, const Movement::Line& line, int row) {
+  if (!line.voice.empty()) script.set(cell("conto", row), line.voice);
+  script.set(cell(line.dare != 0 ? "dare" : "avere", row),
+             common::toText(line.dare != 0 ? line.dare : line.avere));
+}
+
+void registerMovements(Script& script, const Company& company) {
+  script.say("open", {"regxx"});
+  script.say("press", {"Schemi pronti"});
+  script.say("close");
+  for (const Movement& movement : company.movements) {
+    script.say("open", {movement.scheme.empty() ? "MCMG" : "MCXX"});
+    if (!movement.scheme.empty()) script.say("pick", {"Combo1", movement.scheme});
+    script.set("Data reg.", movement.date);
+    script.set("Descrizione", movement.description);
+    int row = 0;
+    for (const Movement::Line& line : movement.lines) fillLine(script, line, ++row);
+    script.say("press", {"Registra"});
+    script.say("close");
+  }
+}
+
+void printRegister(Script& script, std::string_view unit, std::string_view registro) {
+  script.say("open", {unit});
   script.say("check intestazione on");
+  script.say("pick", {"registro", registro});
   for (const std::string_view month : {"Gennaio", "Febbraio", "Marzo"}) {
     script.say("pick", {"mese", month});
     script.say("press", {"ok"});
@@ -110,10 +213,15 @@ std::string scriptOf(const Company& company) {
   enterVatCode(script);
   enterVoices(script, company);
   enterCustomers(script, company);
-  script.say("open", {"mcfv"});
-  for (const Invoice& invoice : company.invoices) registerInvoice(script, invoice);
-  script.say("close");
-  printRegisters(script);
+  enterSuppliers(script, company);
+  registerDocuments(script, company.invoices, false);
+  registerDocuments(script, company.purchases, true);
+  registerReceipts(script, company);
+  registerMovements(script, company);
+  printRegister(script, "STRIV", "1");
+  printRegister(script, "STRIA", "1");
+  printRegister(script, "STRIA", "2");
+  printRegister(script, "STRIC", "1");
   script.say("verify");
   script.say("quit");
   return std::move(script).text();

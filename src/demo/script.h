@@ -7,9 +7,10 @@
 
 namespace demo {
 
-// From an empty directory to the printed sales registers of the quarter: the company is opened, a VAT code,
-// the voices and the customers are entered, the invoices registered, the three registers previewed with the
-// company's heading, and the invariants verified by the last command but one.
+// From an empty directory to the printed registers of the quarter: the company is opened, a VAT code, the
+// voices, the customers and the suppliers are entered; sales and purchases with their credit notes, receipts,
+// wages and payments into the bank registered; the registers previewed with the company's heading, and the
+// invariants verified by the last command but one.
 std::string scriptOf(const Company& company);
 
 }  // namespace demo

@@ -21,9 +21,9 @@ constexpr int kPc = Layout<rec::pc>::code, kPr = Layout<rec::pr>::code;
 
 std::string rowKey(std::int32_t number) { return common::zeroFill(number, 8); }
 
-// The next number of the journal that no row bears: a counter that was left behind passes over the rows there
-// are.
-std::int32_t nextRowNumber(Session& session, Archive<rec::mc>& mc) {
+// The number of an entry, which its first row bears, too: a counter that was left behind passes over the rows
+// there are.
+std::int32_t nextEntryNumber(Session& session, Archive<rec::mc>& mc) {
   std::int32_t number = 0;
   do number = ProssimoNumero(session, "mc");
   while (mc.search(0, rowKey(number)) == store::kOk);
@@ -72,7 +72,7 @@ rec::mc journalRow(const EntryHead& head, const EntryLine& line, std::int32_t nu
 void writeLines(Session& session, Archive<rec::mc>& mc, const Entry& entry, std::int32_t nummov) {
   std::int32_t number = nummov;
   for (const EntryLine& line : entry.lines) {
-    if (&line != &entry.lines.front()) number = nextRowNumber(session, mc);
+    if (&line != &entry.lines.front()) number = ProssimoNumero(session, "mc");
     mc.A = journalRow(entry.head, line, nummov);
     ScriviRigaGiornale(session, mc, number);
   }
@@ -121,7 +121,7 @@ void keepNumber(Session& session, const RegisterCounter& counter) {
 
 void writeEntry(Session& session, const Entry& entry) {
   OpenArchive<rec::mc> mc(session, 1508, 1509);
-  const std::int32_t nummov = nextRowNumber(session, *mc);
+  const std::int32_t nummov = nextEntryNumber(session, *mc);
   writeLines(session, *mc, entry, nummov);
   writeVatRows(session, entry.sales, 1510, 1511);
   writeVatRows(session, entry.purchases, 1515, 1516);
@@ -153,7 +153,7 @@ void AggiornaProgressivi(Session& session, std::string_view codice, double dare,
 }
 
 void ScriviRigaGiornale(Session& session, Archive<rec::mc>& mc, std::int32_t number) {
-  mc.put(rowKey(number), store::Put::add);
+  while (mc.put(rowKey(number), store::Put::add) == store::kExists) number = ProssimoNumero(session, "mc");
   session.CheckArchiveResult(Operation::write, kMc, 1504);
   mc.flush();
   AggiornaProgressivi(session, mc.A.conto, mc.A.dare, mc.A.avere);

@@ -27,7 +27,8 @@ std::int32_t ProssimoNumero(Session& session, std::string_view name);
 // passes the amounts negated.
 void AggiornaProgressivi(Session& session, std::string_view codice, double dare, double avere);
 
-// Writes `mc.A` as a journal row under `number` and brings the progressives of its voice up to date.
+// Writes `mc.A` as a journal row under `number`, or, while that is taken, under the next one drawn, and
+// brings the progressives of its voice up to date.
 void ScriviRigaGiornale(Session& session, archives::Archive<rec::mc>& mc, std::int32_t number);
 
 // Writes the buffer A as a VAT row under the next number of its counter ("iv", "ia", "ic"), with the rate of

@@ -1,0 +1,8 @@
+// How often the program has asked the disk to keep what it wrote: each fdatasync of the process is counted.
+#pragma once
+
+namespace bench {
+
+long flushes();
+
+}  // namespace bench
