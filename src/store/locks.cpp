@@ -81,7 +81,7 @@ Code LockFile::change(short kind, std::uint64_t first, std::uint64_t bytes) {
   } while (result < 0 && errno == EINTR);
   if (result == 0) return kOk;
   // Some network file systems answer EACCES for a lock that another one holds.
-  if (errno == EAGAIN || errno == EACCES) return kNotFound;
+  if (kind != F_UNLCK && (errno == EAGAIN || errno == EACCES)) return kNotFound;
   return codeOfErrno(errno);
 }
 

@@ -68,6 +68,7 @@ Code RecordStore::Impl::catchUp(Company& company) {
   if (const Code code = enter(company)) return code;
   bool pending = false;
   if (const Code code = company.log.pending(pending)) return code;
+  company.behind = company.behind && pending;
   if (!pending) return kOk;
   if (const Code code = lockLog(company)) return code;
   Code code = company.log.pending(pending);  // by now another station may have done it

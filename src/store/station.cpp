@@ -90,7 +90,7 @@ Code RecordStore::Impl::open(const std::string& stem, Handle& handle) {
   const bool pooled = known != members.end() && known->second.table && !known->second.table->stale();
   if (!pooled && !engine->exists(stem)) return kSystem;
   Member& member = memberOf(stem);
-  if (const Code code = enter(member.company)) return code;
+  if (const Code code = begin(member)) return code;
   if (const Code code = connect(member)) return code;
   ++member.handles;
   handle = ++lastHandle;
@@ -147,7 +147,14 @@ Code RecordStore::Impl::stand(Handle handle, int index, void (Cursor::*where)())
   OpenArchive* archive = find(handle);
   if (!archive) return kSystem;
   (archive->cursors[index].*where)();
-  return kOk;
+  const Code code = begin(*archive->member);
+  if (code != kOk) archive->member->company.behind = true;  // so that the scan fails, too, where that lasts
+  return code;
+}
+
+// A scan begins, or the use of an archive: not with half of a group, whose station may have died over it.
+Code RecordStore::Impl::begin(Member& member) {
+  return inGroup(member) ? enter(member.company) : catchUp(member.company);
 }
 
 Code RecordStore::Impl::put(Handle handle, std::string_view primaryKey, std::string_view record, Put mode) {

@@ -69,6 +69,7 @@ struct RecordStore::Impl {
   Code lock(Handle handle, std::string_view primaryKey);
   Code unlock(Handle handle, std::string_view primaryKey);
   Code flush(Handle handle);
+  Code begin(Member& member);
   Code stand(Handle handle, int index, void (Cursor::*where)());  // toStart, toEnd
   void check(Code code, Operation operation, int archive, int position);
 

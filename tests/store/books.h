@@ -35,12 +35,15 @@ inline double amountOf(std::string_view record) {
 // One archive that is open in one station.
 class Opened {
  public:
-  Opened(store::RecordStore& store, const std::string& stem) : store_(store) { store.VmxOpen(stem, handle); }
+  Opened(store::RecordStore& store, const std::string& stem) : store_(store) {
+    opened = store.VmxOpen(stem, handle);
+  }
   ~Opened() { store_.VmxClose(handle); }
   Opened(const Opened&) = delete;
   Opened& operator=(const Opened&) = delete;
 
   store::Handle handle = 0;
+  store::Code opened = store::kOk;
   store::Found found;
 
   store::Code search(int index, std::string_view key) { return get(index, store::Get::search, key); }

@@ -3,22 +3,18 @@
 #include <doctest/doctest.h>
 
 #include <csignal>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
+#include "store/fault_place.h"
 #include "store/log_station.h"
-#include "tools/faults.h"
-#include "tools/power_loss.h"
-#include "tools/scratch.h"
 
 namespace {
 
-constexpr int kGroups = 7;
+using test::Fault;
+using test::Place;
+using test::Tally;
 
-std::vector<std::string> station(const std::string& directory, const std::string& acknowledged) {
-  return {TARVEX_BINARY_DIR "/bin/log_station", directory, acknowledged, std::to_string(kGroups)};
-}
+constexpr int kGroups = 7;
+constexpr const char* kStation = "log_station";
 
 // What the next start finds wrong in a directory where `done` groups were held for done.
 std::string judge(const std::string& directory, long done) {
@@ -32,114 +28,61 @@ std::string judge(const std::string& directory, long done) {
   return next.wrong() + last.wrong();
 }
 
-// A fresh directory, and the groups that a station held for done in it.
-struct Place {
-  test::Scratch scratch;
-  std::string directory = scratch / "data", acknowledged = scratch / "acknowledged";
-
-  Place() { std::filesystem::create_directory(directory); }
-  test::Outcome run(const test::Fault& fault) const {
-    return runUnderFault(station(directory, acknowledged), directory, fault);
-  }
-  long done() const {
-    return std::filesystem::exists(acknowledged) ? static_cast<long>(std::filesystem::file_size(acknowledged))
-                                                 : 0;
-  }
-};
-
-int countOperations(const test::Fault& fault) {
-  const Place place;
-  const test::Outcome outcome = place.run(fault);
-  REQUIRE(outcome.status == 0);
-  REQUIRE(place.done() == kGroups);
-  return outcome.operations;
-}
-
 }  // namespace
 
 TEST_CASE(
     "a station killed at any moment leaves the groups that it held for done, and the next one goes on") {
-  const int operations = countOperations({});
-  CHECK(operations > 5 * kGroups);
-  for (int at = 1; at <= operations; ++at) {
-    for (const char* when : {"before", "mid", "after"}) {
-      CAPTURE(at);
-      CAPTURE(when);
-      const Place place;
-      test::Fault fault;
-      fault.mode = test::Fault::Mode::kill;
-      fault.at = at;
-      fault.when = when;
-      CHECK(place.run(fault).status == -SIGKILL);
-      CHECK(judge(place.directory, place.done()) == "");
-    }
-  }
+  Tally tally("kill points of the log");
+  test::killEverywhere(tally, {}, kStation, kGroups, test::kLong ? 1 : 2, judge);
 }
 
 TEST_CASE("a disk that fails once costs no group and brings no refused one back") {
+  Tally tally("failed operations of the log, once");
   for (const char* operations : {"write,trunc,create", "sync"}) {
-    test::Fault fault;
-    fault.operations = operations;
-    const int count = countOperations(fault);
-    fault.mode = test::Fault::Mode::fail;
-    for (fault.at = 1; fault.at <= count; ++fault.at) {
+    Fault counting;
+    counting.operations = operations;
+    const int count = Place().run(kStation, kGroups, counting).operations;
+    REQUIRE(count > kGroups);
+    for (int at = 1; at <= count; ++at) {
       CAPTURE(operations);
-      CAPTURE(fault.at);
+      CAPTURE(at);
       const Place place;
-      const test::Outcome outcome = place.run(fault);
-      CHECK(outcome.status == 0);
-      CHECK(outcome.output.find("come back") == std::string::npos);
-      CHECK(place.done() == kGroups);
-      CHECK(judge(place.directory, kGroups) == "");
+      Fault fault = test::failing(operations, "EIO", false);
+      fault.at = at;
+      const test::Outcome outcome = place.run(kStation, kGroups, fault);
+      const bool done = outcome.status == 0 && place.done() == kGroups;
+      tally.judge(done ? judge(place.directory, kGroups) : "not done: " + outcome.output);
     }
   }
 }
 
 TEST_CASE(
     "a disk that fails for good ends the station, and what it held for done is there once it works again") {
+  Tally tally("failed operations of the log, for good");
   for (const char* error : {"EIO", "ENOSPC"}) {
     for (int at = 1; at <= 30; ++at) {
       CAPTURE(error);
       CAPTURE(at);
       const Place place;
-      test::Fault fault;
-      fault.mode = test::Fault::Mode::fail;
+      Fault fault = test::failing(Fault().operations, error, true);
       fault.at = at;
-      fault.error = error;
-      fault.everAfter = true;
-      CHECK(place.run(fault).status == 1);
-      CHECK(judge(place.directory, place.done()) == "");
+      const int status = place.run(kStation, kGroups, fault).status;
+      tally.judge(status == 1 ? judge(place.directory, place.done()) : "ended " + std::to_string(status));
     }
   }
 }
 
 TEST_CASE("a log that could not flush takes nothing more until it is opened again") {
   const Place place;
-  test::Fault fault;
-  fault.mode = test::Fault::Mode::fail;
-  fault.operations = "sync";
+  Fault fault = test::failing("sync", "EIO", false);
   fault.at = 6;  // three for the new log and its recovery, then one for each commit
-  const test::Outcome outcome = place.run(fault);
+  const test::Outcome outcome = place.run(kStation, kGroups, fault);
   CHECK(outcome.status == 0);
   CHECK(outcome.output == "refused\nrefused\n");
 }
 
 TEST_CASE("a power cut at any moment leaves the groups that were held for done") {
-  const Place place;
-  test::Fault fault;
-  fault.trace = place.scratch / "trace";
-  fault.acknowledged = place.acknowledged;
-  const test::Scratch base;
-  REQUIRE(place.run(fault).status == 0);
-
-  test::PowerLoss plan;
-  plan.base = base.path().string();
-  plan.trace = fault.trace;
-  plan.work = place.scratch / "image";
-  plan.check = [](const std::string& directory, const std::string& acknowledged) {
-    return judge(directory, static_cast<long>(acknowledged.size()));
-  };
-  const test::PowerLossResult result = cutPower(plan);
-  CHECK(result.images > 300);
-  for (const std::string& failure : result.failures) FAIL_CHECK(failure);
+  Tally tally("power-cut states of the log");
+  test::cutPowerEverywhere(tally, {}, kStation, kGroups, 1, 2, judge);
+  CHECK(tally.tried() > 300);
 }
