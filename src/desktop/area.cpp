@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "desktop/backgrounds.h"
 #include "desktop/theme.h"
 
 namespace desktop {
@@ -26,7 +27,7 @@ Area::Area() {
 void Area::setGround(long colour, const QString& picture) {
   const bool own = colour == 0 || colour == kPresetGrey || colour < 0 || colour > 0xFFFFFF;
   colour_ = own ? QColor() : QColor(int(colour & 0xFF), int(colour >> 8 & 0xFF), int(colour >> 16 & 0xFF));
-  picture_ = picture.isEmpty() ? QPixmap() : QPixmap(picture);
+  picture_ = backgroundOf(picture);
   viewport()->update();
 }
 

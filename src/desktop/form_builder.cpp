@@ -150,7 +150,8 @@ void FormBuilder::addRow(QGridLayout& grid, int line, const std::vector<ui::Layo
       }
       grid.addWidget(caption, line, 2 * i, tall(part) ? Qt::AlignTop : Qt::Alignment());
     }
-    const bool last = i + 1 == count, narrow = widget->maximumWidth() < 4000;
+    const bool button = part.control && dynamic_cast<const ui::Button*>(part.control);
+    const bool last = i + 1 == count, narrow = button || widget->maximumWidth() < 4000;
     // A field without a caption continues the one above it.
     const bool aligned = captioned || (part.control && dynamic_cast<const ui::Field*>(part.control));
     const int from = aligned ? 2 * i + 1 : 2 * i;

@@ -5,6 +5,7 @@
 #include <QStyleOption>
 #include <QToolButton>
 
+#include "desktop/backgrounds.h"
 #include "desktop/icons.h"
 #include "desktop/style_parts.h"
 #include "desktop/theme.h"
@@ -102,7 +103,7 @@ void SideBar::unfold(int group) {
 }
 
 void SideBar::setPicture(const QString& path) {
-  picture_ = path.isEmpty() ? QPixmap() : QPixmap(path);
+  picture_ = backgroundOf(path);
   update();
 }
 

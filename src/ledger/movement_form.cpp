@@ -7,8 +7,8 @@
 #include "common/text.h"
 #include "ledger/movement_entry.h"
 #include "ledger/revision.h"
-#include "ledger/schemes.h"
 #include "session/checks.h"
+#include "session/schemes.h"
 
 namespace tarvex {
 namespace {

@@ -1,7 +1,7 @@
 // Registrazione schema causale automatizzata.
 #include "chart/account_field.h"
 #include "ledger/forms.h"
-#include "ledger/schemes.h"
+#include "session/schemes.h"
 #include "ui/form.h"
 
 namespace tarvex {

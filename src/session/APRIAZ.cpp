@@ -3,6 +3,8 @@
 #include "session/company.h"
 #include "session/forms.h"
 #include "session/new_company.h"
+#include "session/schemes.h"
+#include "session/starter_chart.h"
 #include "ui/form.h"
 
 namespace tarvex {
@@ -26,19 +28,28 @@ class Apriaz : public Form {
   Field text3{*this, "text3", "&Città:", Mask::text(40)};
   Field text4{*this, "text4", "&Partita iva:", Mask::text(16)};
   Field text5{*this, "text5", "Anno conta&bile:", Mask::digits(4)};
+  Check pianobase{*this, "pianobase", "Con il piano dei conti di &esempio"};
+  Check causalibase{*this, "causalibase", "Con le causali automatizzate di e&sempio"};
   Button ok{*this, "ok", "&OK", Button::Role::main};
   Button annulla{*this, "annulla", "&Annulla", Button::Role::cancel};
 };
 
 Apriaz::Apriaz(Session& session)
     : Form(session.desk(), "APRIAZ", "Apertura archivi nuova azienda"), session_(session) {
+  pianobase.setEnabled(hasStarterChart(session));
+  causalibase.setEnabled(false);  // they name voices of that chart
+  pianobase.onChange = [this] {
+    causalibase.setEnabled(pianobase.on());
+    causalibase.set(causalibase.on() && pianobase.on());
+  };
   ok.onPress = [this] { confirm(); };
   annulla.onPress = [this] { close(); };
 }
 
 Layout Apriaz::layout() const {
-  return column(
-      {row({text1}), row({text2}), row({text3}), row({text4}), row({text5}), buttons({ok, annulla})});
+  return column({row({text1}), row({text2}), row({text3}), row({text4}), row({text5}),
+                 group("Contenuto iniziale", {row({pianobase}), row({causalibase})}),
+                 buttons({ok, annulla})});
 }
 
 NewCompany Apriaz::typed() const {
@@ -54,6 +65,8 @@ void Apriaz::confirm() {
   if (slot != Slot::taken) return refuseSlot(session_, slot, "Archivi già creati", text1);
   const Busy busy(desk());
   makeCompany(session_, company, code);
+  if (pianobase.on()) addStarterChart(session_);
+  if (causalibase.on()) addReadySchemes(session_);
   close();
 }
 

@@ -4,6 +4,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTabWidget>
 #include <cstdio>
 
 #include "desktop/area.h"
@@ -48,6 +49,36 @@ void start(test::Screen& screen) {
     test::press(Qt::Key_N, Qt::AltModifier);
   });
   if (!screen.program.start()) throw std::logic_error("not started");
+}
+
+void companies(Act& act) {
+  act.open("PARGES");
+  auto* tabs = act.frame().findChild<QTabWidget*>();
+  for (int page = 0; tabs && page < tabs->count(); ++page) {
+    tabs->setCurrentIndex(page);
+    shot(act.frame(), ("17-parges-" + std::to_string(page + 1)).c_str());
+  }
+  act.close();
+  for (const char* unit : {"COPIAPC", "DUPLICA", "REGDATI", "PASSW"}) {
+    act.open(unit);
+    if (unit == std::string_view("COPIAPC")) test::press(Qt::Key_Down);
+    shot(act.frame(), unit);
+    act.close();
+  }
+  act.screen.modals.expect([&](QWidget& form) {
+    shot(form, "cancella");
+    form.close();
+  });
+  act.screen.program.frame().choose("m7c");
+  for (const double preset : {0.0, 1.0, 2.0}) {
+    rec::param& param = act.screen.program.session().param;
+    param.immaginesfondo = 1;
+    param.predefinita = preset;
+    act.screen.program.desk().frameChanged();
+    shot(act.frame(), ("18-ground-" + std::to_string(int(preset))).c_str());
+    param.immaginesfondo = 0;
+  }
+  act.screen.program.desk().frameChanged();
 }
 
 void voices(Act& act) {
@@ -132,6 +163,7 @@ int main(int argc, char** argv) {
   QMenu* menu = screen.program.window().menuBar()->actions().at(1)->menu();
   menu->resize(menu->sizeHint());
   shot(*menu, "04-menu");
+  companies(act);
   voices(act);
   if (screen.program.session().knows("RCLIENTE")) customer(act);
   for (const char* unit : {"rtiva", "vistiva", "MCFA", "mcco", "MCMG", "MCXX", "regxx"}) {

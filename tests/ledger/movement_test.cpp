@@ -2,7 +2,7 @@
 #include "ledger/movement_form.h"
 
 #include "ledger/books.h"
-#include "ledger/schemes.h"
+#include "session/schemes.h"
 
 using namespace tarvex;
 using test::At, test::Books;

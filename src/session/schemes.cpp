@@ -1,4 +1,4 @@
-#include "ledger/schemes.h"
+#include "session/schemes.h"
 
 #include <map>
 
@@ -36,35 +36,35 @@ std::map<std::string, rec::ax> readySchemes(const Session& session) {
 
 std::vector<std::string> schemeNames(Session& session) {
   std::vector<std::string> names;
-  scan<rec::ax>(session, 1600, 1601, 1602,
+  scan<rec::ax>(session, 230, 231, 232,
                 [&](const archives::Archive<rec::ax>& ax) { names.push_back(ax.B.nome); });
   return names;
 }
 
 std::optional<rec::ax> readScheme(Session& session, std::string_view name) {
-  OpenArchive<rec::ax> ax(session, 1603, 1604);
+  OpenArchive<rec::ax> ax(session, 233, 234);
   const store::Code result = ax->search(0, keyOf(name));
   if (result == store::kOk) return ax->B;
-  if (result != store::kNotFound) session.CheckArchiveResult(Operation::read, kAx, 1605);
+  if (result != store::kNotFound) session.CheckArchiveResult(Operation::read, kAx, 235);
   return {};
 }
 
 bool writeScheme(Session& session, const rec::ax& scheme) {
-  OpenArchive<rec::ax> ax(session, 1606, 1607);
+  OpenArchive<rec::ax> ax(session, 236, 237);
   ax->A = scheme;
   ax->put(keyOf(scheme.nome), store::Put::write);
-  session.CheckArchiveResult(Operation::write, kAx, 1608);
+  session.CheckArchiveResult(Operation::write, kAx, 238);
   if (session.store.LastArchiveResult != store::kOk) return false;
   ax->flush();
-  session.CheckArchiveResult(Operation::write, kAx, 1609);
+  session.CheckArchiveResult(Operation::write, kAx, 239);
   return session.store.LastArchiveResult == store::kOk;
 }
 
 void removeScheme(Session& session, std::string_view name) {
-  OpenArchive<rec::ax> ax(session, 1610, 1611);
+  OpenArchive<rec::ax> ax(session, 240, 241);
   if (ax->search(0, keyOf(name)) != store::kOk) return;
   ax->erase(keyOf(name));
-  session.CheckArchiveResult(Operation::erase, kAx, 1612);
+  session.CheckArchiveResult(Operation::erase, kAx, 242);
   ax->flush();
 }
 
