@@ -34,9 +34,10 @@ void judge(const json& answer, std::string_view command, Played& played) {
 std::string fileNameOf(const std::string& title, const Played& played) {
   std::string name = common::lower(title) + "-";
   std::replace(name.begin(), name.end(), ' ', '-');
-  const auto before = std::count_if(
-      played.printed.begin(), played.printed.end(),
-      [&](const std::filesystem::path& path) { return path.filename().string().starts_with(name); });
+  const auto before =
+      std::count_if(played.printed.begin(), played.printed.end(), [&](const std::filesystem::path& path) {
+        return path.extension() == ".txt" && path.filename().string().starts_with(name);
+      });
   return name + std::to_string(before + 1) + ".txt";
 }
 
@@ -49,31 +50,59 @@ void keepReport(const json& answer, const std::filesystem::path& folder, Played&
   }
   std::filesystem::remove(path);
   if (!tarvex::appendText(path.string(), text)) played.faults.push_back(path.string() + " cannot be written");
+  const std::filesystem::path paper = std::filesystem::path(path).replace_extension(".pdf");
+  std::error_code error;  // a PDF that was not written is a fault of its own command
+  std::filesystem::rename(folder / pdfName(played.printed.size() / 2 + 1), paper, error);
   played.printed.push_back(path);
+  played.printed.push_back(paper);
+}
+
+// What the driver answers; it flushes after each answer, which is a step done.
+class Answers : public std::stringbuf {
+ public:
+  explicit Answers(std::function<void()> onAnswer) : onAnswer_(std::move(onAnswer)) {}
+
+ private:
+  int sync() override {
+    onAnswer_();
+    return 0;
+  }
+  std::function<void()> onAnswer_;
+};
+
+std::string perform(const Stage& stage, const Company& company, const std::string& script) {
+  const auto all = static_cast<std::size_t>(std::count(script.begin(), script.end(), '\n'));
+  std::size_t done = 0;
+  Answers answers([&] {
+    ++done;
+    if (stage.onStep) stage.onStep(done, all);
+  });
+  std::istringstream in(script);
+  std::ostream out(&answers);
+  driver::DriverOptions options;
+  options.session = {stage.archives, stage.archives, stage.offered,
+                     common::Clock("31/03/" + company.year, "12:00")};
+  options.units = tarvex::units();
+  options.pdfProgram = stage.pdfProgram;
+  driver::Driver(options, in, out).run();
+  return answers.str();
 }
 
 }  // namespace
 
-Played play(const std::filesystem::path& folder, const std::filesystem::path& offered, unsigned seed) {
-  const Company company = drawCompany(seed);
-  const std::filesystem::path archives = folder / "archivi";
-  std::filesystem::create_directories(archives);
-  const std::string script = scriptOf(company);
-  std::istringstream in(script);
-  std::stringstream out;
-  driver::DriverOptions options;
-  options.session = {archives, archives, offered, common::Clock("31/03/" + company.year, "12:00")};
-  options.units = tarvex::units();
-  driver::Driver(options, in, out).run();
+Played play(const Stage& stage) {
+  const Company company = drawCompany(stage.seed);
+  std::filesystem::create_directories(stage.archives);
+  const std::string script = scriptOf(company, stage.prints);
+  std::istringstream answers(perform(stage, company, script)), commands(script);
 
   Played played;
   played.invoices = static_cast<int>(company.invoices.size() + company.purchases.size());
   played.receipts = static_cast<int>(company.receipts.size());
-  std::istringstream commands(script);
-  for (std::string command, line; std::getline(commands, command) && std::getline(out, line);) {
+  for (std::string command, line; std::getline(commands, command) && std::getline(answers, line);) {
     const json answer = json::parse(line);
     judge(answer, command, played);
-    if (answer.contains("pages")) keepReport(answer, folder, played);
+    if (answer.contains("pages")) keepReport(answer, stage.prints, played);
   }
   return played;
 }

@@ -1,8 +1,9 @@
 // Plays the demonstration: a company drawn from a seed, entered through the forms of the driver, with its
-// registers left as text files.
+// registers left as text and PDF files.
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,9 +16,17 @@ struct Played {
   int receipts = 0;
 };
 
-// `folder` gets the archives (in "archivi") and the prints; it is made when missing. Nothing that stands in
-// it is overwritten but the prints: a second play in one folder is refused by the program as a company that
-// exists. `offered` is the directory of what a new installation holds.
-Played play(const std::filesystem::path& folder, const std::filesystem::path& offered, unsigned seed);
+struct Stage {
+  std::filesystem::path archives;         // made when it is missing
+  std::filesystem::path prints = {};      // gets the registers; empty: none are kept
+  std::filesystem::path pdfProgram = {};  // tarvex-pdf
+  std::filesystem::path offered = {};     // what a new installation holds
+  unsigned seed = 2026;
+  std::function<void(std::size_t done, std::size_t all)> onStep = {};  // after each command
+};
+
+// Nothing that stands on the stage is overwritten but the prints: a second play on one stage is refused by
+// the program as a company that exists.
+Played play(const Stage& stage);
 
 }  // namespace demo

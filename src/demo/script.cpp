@@ -193,21 +193,32 @@ void registerMovements(Script& script, const Company& company) {
   }
 }
 
-void printRegister(Script& script, std::string_view unit, std::string_view registro) {
+// Where the prints go, one after the other.
+struct Prints {
+  explicit Prints(std::filesystem::path to) : folder(std::move(to)) {}
+  std::filesystem::path folder;
+  std::size_t count = 0;
+};
+
+void printRegister(Script& script, std::string_view unit, std::string_view registro, Prints& to) {
   script.say("open", {unit});
   script.say("check intestazione on");
   script.say("pick", {"registro", registro});
   for (const std::string_view month : {"Gennaio", "Febbraio", "Marzo"}) {
     script.say("pick", {"mese", month});
     script.say("press", {"ok"});
+    if (to.folder.empty()) continue;
     script.say("report");
+    script.say("pdf 1", {(to.folder / pdfName(++to.count)).string()});
   }
   script.say("close");
 }
 
 }  // namespace
 
-std::string scriptOf(const Company& company) {
+std::string pdfName(std::size_t number) { return "stampa-" + std::to_string(number) + ".pdf"; }
+
+std::string scriptOf(const Company& company, const std::filesystem::path& prints) {
   Script script;
   openCompany(script, company);
   enterVatCode(script);
@@ -218,10 +229,11 @@ std::string scriptOf(const Company& company) {
   registerDocuments(script, company.purchases, true);
   registerReceipts(script, company);
   registerMovements(script, company);
-  printRegister(script, "STRIV", "1");
-  printRegister(script, "STRIA", "1");
-  printRegister(script, "STRIA", "2");
-  printRegister(script, "STRIC", "1");
+  Prints to(prints);
+  printRegister(script, "STRIV", "1", to);
+  printRegister(script, "STRIA", "1", to);
+  printRegister(script, "STRIA", "2", to);
+  printRegister(script, "STRIC", "1", to);
   script.say("verify");
   script.say("quit");
   return std::move(script).text();

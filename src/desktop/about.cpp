@@ -4,7 +4,6 @@
 #include <QBoxLayout>
 #include <QDialog>
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
 
 #include "desktop/brand.h"
@@ -12,21 +11,6 @@
 #include "desktop/style.h"
 
 namespace desktop {
-namespace {
-
-class Banner : public QWidget {
- public:
-  Banner() { setFixedSize(420, 150); }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    paintBrand(painter, rect());
-  }
-};
-
-}  // namespace
-
 void showAbout(QWidget* parent) {
   const FocusBack back(parent);
   QDialog dialog(parent);
@@ -34,7 +18,7 @@ void showAbout(QWidget* parent) {
   auto* column = new QVBoxLayout(&dialog);
   column->setContentsMargins(0, 0, 0, 14);
   column->setSpacing(14);
-  column->addWidget(new Banner);
+  column->addWidget(new Banner(420, 150));
   auto* words =
       new QLabel(QString("<b>Tarvex %1</b><br>Contabilità, IVA e gestione della piccola azienda.<br><br>"
                          "Schermate disegnate con Qt %2.")

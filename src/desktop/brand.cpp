@@ -53,4 +53,11 @@ void paintBrand(QPainter& painter, const QRect& rect) {
   painter.restore();
 }
 
+Banner::Banner(int width, int height) { setFixedSize(width, height); }
+
+void Banner::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  paintBrand(painter, rect());
+}
+
 }  // namespace desktop

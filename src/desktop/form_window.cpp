@@ -1,10 +1,12 @@
 #include "desktop/form_window.h"
 
+#include <QAction>
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QScrollArea>
 
 #include "desktop/form_view.h"
+#include "desktop/guide.h"
 #include "desktop/key_bar.h"
 #include "desktop/words.h"
 
@@ -46,6 +48,13 @@ ModalForm::ModalForm(ui::Form& form, QWidget* parent)
   column->addWidget(keys_);
   view_->onClosed = [this] { accept(); };
   view_->onFocus = [this] { keys_->showKeysOf(view_); };
+  // The guide of the frame would stand behind this window, where no key reaches it.
+  const auto help = [this] { showGuide(this); };
+  keys_->onHelp = help;
+  auto* key = new QAction(this);
+  key->setShortcut(Qt::Key_F1);
+  connect(key, &QAction::triggered, this, help);
+  addAction(key);
 }
 
 void ModalForm::reject() {

@@ -16,11 +16,6 @@
 namespace desktop {
 namespace {
 
-struct Named {
-  ui::Key key;
-  QString name, word;
-};
-
 // The hint of a field says what its key does: "F5 ricerca facilitata".
 QString wordFor(ui::Key key, const ui::Form& form, const ui::Control* control) {
   if (!(control && control->uses(key)) && !form.wordFor(key).empty()) return text(form.wordFor(key));
@@ -42,21 +37,27 @@ const ui::Button* cancelOf(const ui::Form& form) {
   return nullptr;
 }
 
-std::vector<Named> keysOf(const ui::Form& form) {
-  std::vector<Named> keys;
+std::vector<BarKey> keysOf(FormView& view) {
+  const ui::Form& form = view.form();
   const ui::Control* control = form.focused();
+  std::vector<BarKey> keys;
+  const auto add = [&](ui::Key key, const QString& name, const QString& word) {
+    keys.push_back({name, word, [at = QPointer<FormView>(&view), key] {
+                      if (at) at->user().key(key);
+                    }});
+  };
   for (int at = static_cast<int>(ui::Key::F2); at <= static_cast<int>(ui::Key::F12); ++at) {
     const auto key = static_cast<ui::Key>(at);
     if ((control && control->uses(key)) || form.uses(key))
-      keys.push_back({key, text(ui::nameOf(key)), wordFor(key, form, control)});
+      add(key, text(ui::nameOf(key)), wordFor(key, form, control));
   }
-  if (dynamic_cast<const ui::Field*>(control)) keys.push_back({ui::Key::enter, "Invio", "avanti"});
+  if (dynamic_cast<const ui::Field*>(control)) add(ui::Key::enter, "Invio", "avanti");
   if (pages(form)) {
-    keys.push_back({ui::Key::pageUp, "PagSu", "pagina prima"});
-    keys.push_back({ui::Key::pageDown, "PagGiù", "pagina dopo"});
+    add(ui::Key::pageUp, "PagSu", "pagina prima");
+    add(ui::Key::pageDown, "PagGiù", "pagina dopo");
   }
   if (const ui::Button* cancel = cancelOf(form))
-    keys.push_back({ui::Key::escape, "Esc", text(ui::plainCaption(cancel->caption())).toLower()});
+    add(ui::Key::escape, "Esc", text(ui::plainCaption(cancel->caption())).toLower());
   return keys;
 }
 
@@ -120,20 +121,18 @@ void KeyBar::add(const QString& key, const QString& word, std::function<void()> 
   line_->insertWidget(line_->count() - 1, button);
 }
 
-void KeyBar::showKeysOf(FormView* view) {
-  const std::vector<Named> keys = view ? keysOf(view->form()) : std::vector<Named>();
-  QString now = QString::number(reinterpret_cast<quintptr>(view));
-  for (const Named& key : keys) now += key.name + key.word;
+void KeyBar::showKeysOf(FormView* view) { show(view, view ? keysOf(*view) : std::vector<BarKey>()); }
+
+void KeyBar::show(const void* owner, std::vector<BarKey> keys) {
+  QString now = QString::number(reinterpret_cast<quintptr>(owner));
+  for (const BarKey& key : keys) now += key.name + key.word;
   if (now == shown_) return;
   shown_ = now;
   clear();
   add("F1", "guida", [this] {
     if (onHelp) onHelp();
   });
-  for (const Named& key : keys)
-    add(key.name, key.word, [at = QPointer<FormView>(view), pressed = key.key] {
-      if (at) at->user().key(pressed);
-    });
+  for (BarKey& key : keys) add(key.name, key.word, std::move(key.press));
 }
 
 }  // namespace desktop

@@ -1,7 +1,11 @@
-// The bar that names the function keys of the form in front, and presses them for whoever prefers the mouse.
+// The bar that names the keys of the form or preview in front, and presses them for whoever prefers the
+// mouse.
 #pragma once
 
+#include <QString>
 #include <QWidget>
+#include <functional>
+#include <vector>
 
 class QHBoxLayout;
 
@@ -9,11 +13,18 @@ namespace desktop {
 
 class FormView;
 
+struct BarKey {
+  QString name, word;  // "F5", "ricerca facilitata"
+  std::function<void()> press;
+};
+
 class KeyBar : public QWidget {
  public:
   explicit KeyBar(QWidget* parent = nullptr);
   // Of the control that has the focus in `view`; null: of no form.
   void showKeysOf(FormView* view);
+  // Of a window that is no form; `owner` tells the windows with equal keys apart.
+  void show(const void* owner, std::vector<BarKey> keys);
   std::function<void()> onHelp;
 
  protected:

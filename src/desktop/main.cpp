@@ -11,6 +11,8 @@
 
 #include "app/units.h"
 #include "common/date.h"
+#include "common/places.h"
+#include "desktop/first_start.h"
 #include "desktop/program.h"
 #include "desktop/theme.h"
 #include "desktop/words.h"
@@ -36,19 +38,21 @@ void declare(QCommandLineParser& parser) {
   parser.addVersionOption();
 }
 
-// What a new installation holds: beside the installed program, or in the sources that it was built from.
-QString offeredData(const QString& given) {
-  if (!given.isEmpty()) return given;
-  const QString installed = QApplication::applicationDirPath() + "/../share/tarvex";
-  return QFileInfo(installed).isDir() ? installed : QString(TARVEX_DATA_DIR);
-}
-
 QString homeOf(QStandardPaths::StandardLocation kind) {
   return QStandardPaths::writableLocation(kind) + "/tarvex";
 }
 
 std::optional<std::string> optional(const QString& text) {
   return text.isEmpty() ? std::nullopt : std::optional(desktop::utf8(text));
+}
+
+tarvex::SessionOptions sessionOptions(const QCommandLineParser& parser, const QString& data) {
+  const auto directory = [&parser](const char* option, std::filesystem::path otherwise) {
+    return parser.isSet(option) ? std::filesystem::path(desktop::utf8(parser.value(option))) : otherwise;
+  };
+  const std::filesystem::path archives = desktop::utf8(data);
+  return {archives, directory("program", archives), directory("offer", common::offeredData(TARVEX_DATA_DIR)),
+          common::Clock(optional(parser.value("today")), optional(parser.value("now")))};
 }
 
 bool wantsDark(const QCommandLineParser& parser, const QString& settings) {
@@ -77,12 +81,10 @@ int main(int argc, char** argv) {
   const QString settings = homeOf(QStandardPaths::GenericConfigLocation) + "/tarvex.ini";
   desktop::applyTheme(app, wantsDark(parser, settings));
 
-  const std::string directory = desktop::utf8(data);
-  const std::string program = parser.isSet("program") ? desktop::utf8(parser.value("program")) : directory;
-  desktop::Program tarvex({.session = {directory, program, desktop::utf8(offeredData(parser.value("offer"))),
-                                       common::Clock(optional(today), optional(parser.value("now")))},
-                           .units = tarvex::units(),
-                           .settings = settings});
+  if (!parser.isSet("program")) desktop::welcome(data, QApplication::applicationDirPath() + "/tarvex-demo");
+
+  desktop::Program tarvex(
+      {.session = sessionOptions(parser, data), .units = tarvex::units(), .settings = settings});
   QTimer::singleShot(0, &app, [&tarvex] { tarvex.start(); });
   return QApplication::exec();
 }

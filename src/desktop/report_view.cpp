@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -118,6 +119,29 @@ void ReportView::buildBar(QHBoxLayout& bar) {
   for (const int percent : kZooms) zoom_->addItem(QString("%1%").arg(percent), percent);
   connect(zoom_, &QComboBox::activated, this, [this](int at) { setZoom(zoom_->itemData(at).toInt()); });
   bar.addWidget(zoom_);
+}
+
+std::vector<BarKey> ReportView::keys() {
+  const auto key = [this](const char* name, const char* word, void (*press)(ReportView&)) {
+    return BarKey{name, word, [at = QPointer<ReportView>(this), press] {
+                    if (at) press(*at);
+                  }};
+  };
+  return {key("Ctrl+F", "cerca", [](ReportView& view) { view.search_->setFocus(); }),
+          key("F3", "trova il prossimo",
+              [](ReportView& view) { view.showFound(view.find(view.search_->text())); }),
+          key("PagSu", "pagina prima", [](ReportView& view) { view.turn(-1); }),
+          key("PagGiù", "pagina dopo", [](ReportView& view) { view.turn(1); }),
+          key("Ctrl+C", "copia", [](ReportView& view) { view.copy(); }),
+          key("Ctrl+P", "stampa",
+              [](ReportView& view) {
+                if (view.onPrint) view.onPrint(view.report_);
+              }),
+          key("Esc", "chiudi", [](ReportView& view) { view.leave(); })};
+}
+
+void ReportView::leave() {
+  if (parentWidget()) parentWidget()->close();
 }
 
 int ReportView::page() const { return sheet_->page() + 1; }
@@ -237,8 +261,7 @@ void ReportView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Up:
       return bar.setValue(bar.value() - 40);
     case Qt::Key_Escape:
-      if (parentWidget()) parentWidget()->close();
-      return;
+      return leave();
     case Qt::Key_Plus:
     case Qt::Key_Minus:
       if (control || event->modifiers() == Qt::KeypadModifier || event->modifiers() == Qt::NoModifier)

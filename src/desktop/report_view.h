@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+#include "desktop/key_bar.h"
 #include "ui/report.h"
 
 class QComboBox;
@@ -31,6 +32,7 @@ class ReportView : public QWidget {
   // The next place, forwards or backwards, that reads `words` whatever the case; false when there is none.
   bool find(const QString& words, bool forwards = true);
   std::function<void(const std::shared_ptr<const ui::Report>&)> onPrint;
+  std::vector<BarKey> keys();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -48,6 +50,7 @@ class ReportView : public QWidget {
   void copy();
   void savePdf();
   void turn(int by);
+  void leave();
 
   std::shared_ptr<const ui::Report> report_;
   ReportSheet* sheet_;

@@ -71,6 +71,8 @@ WindowDesk::WindowDesk(MainWindow& window) : window_(window) {
         form->view().setInFront(false);
     auto* form = dynamic_cast<FormWindow*>(active);
     if (form) form->view().setInFront(true);
+    auto* report = active ? dynamic_cast<ReportView*>(active->widget()) : nullptr;
+    if (report) return window_.keys().show(report, report->keys());
     window_.keys().showKeysOf(form ? &form->view() : nullptr);
   });
 }

@@ -16,6 +16,7 @@
 
 #include "app/units.h"
 #include "common/date.h"
+#include "common/places.h"
 #include "driver/driver.h"
 #include "store/files.h"
 
@@ -56,18 +57,6 @@ std::string prepare(const fs::path& directory) {
   return {};
 }
 
-fs::path programDirectory() {
-  std::error_code error;
-  return fs::read_symlink("/proc/self/exe", error).parent_path();
-}
-
-fs::path offeredData(const std::string& given) {
-  if (!given.empty()) return given;
-  std::error_code error;
-  const fs::path installed = programDirectory().parent_path() / "share" / "tarvex";
-  return fs::is_directory(installed, error) ? installed : fs::path(TARVEX_DATA_DIR);
-}
-
 std::optional<std::string> optional(const std::string& text) {
   return text.empty() ? std::nullopt : std::optional(text);
 }
@@ -93,11 +82,12 @@ int main(int count, char** words) {
 
   std::signal(SIGPIPE, SIG_IGN);  // a reader that goes away ends the input, not a posting in the middle
   std::ios::sync_with_stdio(false);
-  const driver::DriverOptions options{.session = {.dataDirectory = data,
-                                                  .programDirectory = program.empty() ? data : program,
-                                                  .offeredData = offeredData(offer),
-                                                  .clock = common::Clock(optional(today), optional(now))},
-                                      .units = tarvex::units(),
-                                      .pdfProgram = programDirectory() / "tarvex-pdf"};
+  const driver::DriverOptions options{
+      .session = {.dataDirectory = data,
+                  .programDirectory = program.empty() ? data : program,
+                  .offeredData = offer.empty() ? common::offeredData(TARVEX_DATA_DIR) : fs::path(offer),
+                  .clock = common::Clock(optional(today), optional(now))},
+      .units = tarvex::units(),
+      .pdfProgram = common::programDirectory() / "tarvex-pdf"};
   return driver::Driver(options, std::cin, std::cout).run();
 }

@@ -190,6 +190,10 @@ bool mayInstall(const std::string& directory, const std::string& marker) {
 
 }  // namespace
 
+bool isUntouched(const std::string& directory) {
+  return archiveFiles(directory).empty() && !exists(directory + "/" + std::string(kMarker));
+}
+
 bool ensureInstallation(Session& session) {
   const std::string& directory = session.DataDirectory;
   const std::string markerPath = directory + std::string(kMarker);

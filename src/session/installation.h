@@ -5,6 +5,10 @@
 
 namespace tarvex {
 
+// Whether no program has worked in the directory yet: no archive stands there, nor the mark of an
+// installation that has begun. A missing directory is such a one.
+bool isUntouched(const std::string& directory);
+
 // Makes the archives of installation scope in DataDirectory, but only where that directory (made when it is
 // missing) holds no archive at all, or holds what an installation that was cut short has left. Anything else
 // stays untouched: archives without `dataz` are an installation in distress, not a new one.

@@ -2,7 +2,9 @@
 #include <doctest/doctest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <sstream>
 
@@ -38,6 +40,20 @@ Sums printedTotal(const std::filesystem::path& path) {
   return sums;
 }
 
+// The words of a text file, or of a PDF file by way of the reader.
+std::vector<std::string> wordsOf(const std::filesystem::path& path) {
+  const bool paper = path.extension() == ".pdf";
+  const std::filesystem::path text = paper ? path.string() + ".text" : path.string();
+  if (paper) {
+    const std::string command = PDFTOTEXT " -layout '" + path.string() + "' '" + text.string() + "'";
+    REQUIRE(std::system(command.c_str()) == 0);
+  }
+  std::ifstream file(text);
+  std::vector<std::string> words{std::istream_iterator<std::string>(file), {}};
+  REQUIRE_FALSE(words.empty());
+  return words;
+}
+
 // By the number of the print: the months of register 1, then those of register 2.
 template <class R>
 std::map<std::string, Sums> posted(tarvex::Session& session, const std::string& name) {
@@ -70,11 +86,21 @@ long total(const std::map<std::string, Sums>& months) {
 
 TEST_CASE("the demo's registers agree to the cent with its rows, and its books are whole") {
   const test::Scratch scratch;
-  const demo::Played played = demo::play(scratch.path(), TARVEX_SOURCE_DIR "/data", 7);
+  std::size_t steps = 0, allSteps = 0;
+  const demo::Played played = demo::play({.archives = scratch.path() / "archivi",
+                                          .prints = scratch.path(),
+                                          .pdfProgram = TARVEX_BINARY_DIR "/bin/tarvex-pdf",
+                                          .offered = TARVEX_SOURCE_DIR "/data",
+                                          .seed = 7,
+                                          .onStep = [&](std::size_t done, std::size_t of) {
+                                            CHECK(done == ++steps);
+                                            allSteps = of;
+                                          }});
+  CHECK(steps == allSteps);
   for (const std::string& fault : played.faults) FAIL_CHECK(fault);
   CHECK(played.invoices == 192);
   CHECK(played.receipts == 75);
-  REQUIRE(played.printed.size() == 12);
+  REQUIRE(played.printed.size() == 24);
 
   test::Station station(scratch.path() / "archivi", "31/03/2026");
   const demo::Company company = demo::drawCompany(7);
@@ -87,7 +113,10 @@ TEST_CASE("the demo's registers agree to the cent with its rows, and its books a
   all.insert(receipts.begin(), receipts.end());
   for (const auto& path : played.printed) {
     CAPTURE(path.string());
-    CHECK(printedTotal(path) == all[path.filename().string()]);
+    if (path.extension() == ".pdf")
+      CHECK(wordsOf(path) == wordsOf(std::filesystem::path(path).replace_extension(".txt")));
+    else
+      CHECK(printedTotal(path) == all[path.filename().string()]);
   }
   CHECK(total(sales) == drawn(company.invoices));
   CHECK(total(purchases) == drawn(company.purchases));

@@ -47,6 +47,11 @@ inline void enter(const QString& keys = {}) {
   press(Qt::Key_Return);
 }
 
+// Whether a unit opens as an inner window; the others run as modal steps.
+inline bool standsInTheFrame(std::string_view unit) {
+  return unit != "PASS" && unit != "SCELTA" && unit != "APRIAZ";
+}
+
 // What the user does in the modal windows to come, one after the other: each act runs when its window stands.
 class Modals {
  public:
