@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QIcon>
 #include <QPalette>
 #include <QSettings>
 #include <QStandardPaths>
@@ -69,6 +70,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("tarvex");
   QApplication::setApplicationVersion(TARVEX_VERSION);
   QApplication::setDesktopFileName("tarvex");
+  QApplication::setWindowIcon(QIcon(":/tarvex.svg"));
   QApplication::setQuitOnLastWindowClosed(false);  // the frame tells when the program ends
   QCommandLineParser parser;
   declare(parser);

@@ -33,6 +33,15 @@ constexpr int kSteps = 8;  // after which the next one stands at the corner agai
 
 const char* const kUnitOfAbout = "primo";
 
+QPoint stepTo(int window) { return QPoint(kStep, kStep) * (window % kSteps); }
+
+QRect within(const QRect& wanted, const QSize& room) {
+  const QSize size = wanted.size().boundedTo(room);
+  return {QPoint(std::clamp(wanted.x(), 0, room.width() - size.width()),
+                 std::clamp(wanted.y(), 0, room.height() - size.height())),
+          size};
+}
+
 }  // namespace
 
 MainWindow::MainWindow(QSettings& settings)
@@ -42,7 +51,6 @@ MainWindow::MainWindow(QSettings& settings)
       status_(new StatusPanels),
       centre_(new QWidget) {
   setWindowTitle(text(tarvex::kProduct));
-  setWindowIcon(QIcon(":/tarvex.svg"));
   auto* line = new QHBoxLayout(centre_);
   line->setContentsMargins(0, 0, 0, 0);
   line->setSpacing(0);
@@ -213,7 +221,7 @@ void MainWindow::choose(std::string_view name) {
 void MainWindow::act(tarvex::MenuAction action) {
   switch (action) {
     case tarvex::MenuAction::cascade:
-      return area_->cascadeSubWindows();
+      return cascade();
     case tarvex::MenuAction::help:
       return showGuide();
     case tarvex::MenuAction::calculator:
@@ -236,18 +244,25 @@ void MainWindow::startCalculator() {
 }
 
 void MainWindow::stand(QMdiSubWindow& window, QSize wanted, const QString& name) {
-  const int step = kStep * static_cast<int>(area_->subWindowList().size() % kSteps);
+  const QPoint next = stepTo(static_cast<int>(area_->subWindowList().size()));
   area_->addSubWindow(&window);
-  const QRect room = area_->viewport()->rect();
   const QRect before = settings_.value("forms/" + name).toRect();
   // A form that has grown since then is shown whole all the same.
-  const QSize size = (before.isValid() ? wanted.expandedTo(before.size()) : wanted).boundedTo(room.size());
-  const QPoint at = before.isValid() ? before.topLeft() : QPoint(step, step);
-  const QPoint corner(std::clamp(at.x(), 0, room.width() - size.width()),
-                      std::clamp(at.y(), 0, room.height() - size.height()));
-  window.setGeometry(QRect(corner, size));
+  const QSize size = before.isValid() ? wanted.expandedTo(before.size()) : wanted;
+  const QPoint corner = before.isValid() ? before.topLeft() : next;
+  window.setGeometry(within(QRect(corner, size), area_->viewport()->size()));
   window.show();
   area_->setActiveSubWindow(&window);
+}
+
+// One step after the other, each in its own size: a form is never cut to fit.
+void MainWindow::cascade() {
+  int number = 0;
+  for (QMdiSubWindow* window : area_->subWindowList(QMdiArea::StackingOrder)) {
+    if (!window->isVisible()) continue;
+    if (window->isMaximized() || window->isMinimized()) window->showNormal();
+    window->setGeometry(within(QRect(stepTo(number++), window->size()), area_->viewport()->size()));
+  }
 }
 
 void MainWindow::remember(const QMdiSubWindow& window, const QString& name) {

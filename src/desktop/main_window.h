@@ -60,6 +60,7 @@ class MainWindow : public QMainWindow {
   void buildFoot();
   void choose(std::string_view name);
   void act(tarvex::MenuAction action);
+  void cascade();
   bool available(std::string_view name) const;
   void startCalculator();
 

@@ -26,6 +26,12 @@ void frameLine(QPainter& painter, const QRect& rect, const QColor& fill, double 
   painter.restore();
 }
 
+// A bar is parted from the inner windows by a line: at its foot, or at its head when it stands below them.
+int lineOf(const QStyleOption& option) {
+  const auto* bar = qstyleoption_cast<const QStyleOptionToolBar*>(&option);
+  return bar && bar->toolBarArea == Qt::BottomToolBarArea ? option.rect.top() : option.rect.bottom();
+}
+
 // A line edit that is a part of a larger control, or a cell, is framed by what holds it.
 void lineEdit(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
   const auto* panel = qstyleoption_cast<const QStyleOptionFrame*>(&option);
@@ -103,8 +109,7 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
       return parts::headerLabel(*painter, *qstyleoption_cast<const QStyleOptionHeader*>(option));
     case CE_ToolBar:
       painter->fillRect(option->rect, tokens().surface);
-      if (static_cast<const QStyleOptionToolBar*>(option)->toolBarArea == Qt::BottomToolBarArea) return;
-      return painter->fillRect(QRect(option->rect.left(), option->rect.bottom(), option->rect.width(), 1),
+      return painter->fillRect(QRect(option->rect.left(), lineOf(*option), option->rect.width(), 1),
                                tokens().line);
     default:
       return QProxyStyle::drawControl(element, option, painter, widget);

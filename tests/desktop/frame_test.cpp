@@ -94,6 +94,26 @@ TEST_CASE("a form that stood somewhere stands there again") {
   CHECK(area.activeSubWindow()->pos() == QPoint(140, 30));
 }
 
+TEST_CASE("forms arranged in a cascade keep their sizes, one step after the other") {
+  test::Screen screen;
+  screen.startWithCompany();
+  std::vector<QSize> sizes;
+  auto& area = screen.program.window().area();
+  for (const char* unit : {"mcfv", "STRIV"}) {
+    screen.program.session().open(unit);
+    screen.settle();
+    sizes.push_back(area.activeSubWindow()->size());
+    area.activeSubWindow()->move(200, 5);
+  }
+  for (QToolBar* bar : screen.program.window().findChildren<QToolBar*>())
+    for (QAction* key : bar->actions())
+      if (key->text() == "Disponi finestre") key->trigger();
+  const auto windows = area.subWindowList(QMdiArea::StackingOrder);
+  REQUIRE(windows.size() == 2);
+  CHECK(windows[0]->geometry() == QRect(QPoint(0, 0), sizes[0]));
+  CHECK(windows[1]->geometry() == QRect(QPoint(30, 30), sizes[1]));
+}
+
 TEST_CASE("the cross of the window asks while forms stand open, and a no keeps everything") {
   test::Screen screen;
   screen.startWithCompany();
