@@ -118,6 +118,36 @@ TEST_CASE("a station killed at any file operation of several postings leaves who
   CHECK(cases >= kWanted);
 }
 
+TEST_CASE(
+    "a station killed while it revises an entry leaves the old one or the new one, never none or both") {
+  const test::Scratch scratch;
+  const fs::path sound = scratch.path() / "sound", struck = scratch.path() / "struck";
+  fs::create_directory(sound);
+  test::makeBooks(sound);
+  const std::vector<std::string> revise{TARVEX_INVOICE_STATION, struck, "revise", "1"};
+  REQUIRE(statusOf(spawn(station(sound, 1, 1, scratch.path() / "told"))) == 0);
+  fs::copy(sound, struck);
+  const test::Outcome whole = test::runUnderFault(revise, struck, {});
+  REQUIRE(whole.status == 0);
+
+  std::set<std::string> firstRows;  // the key tells the old entry from the new one
+  for (int at = 1; at <= whole.operations; at += std::max(1, whole.operations / 100)) {
+    CAPTURE(at);
+    fs::remove_all(struck);
+    fs::copy(sound, struck);
+    test::Fault fault;
+    fault.mode = test::Fault::Mode::kill;
+    fault.at = at;
+    fault.when = "mid";
+    test::runUnderFault(revise, struck, fault);
+    const Books books = read(struck);
+    judge(books, {1});
+    REQUIRE(books.rows.size() == kLinesOfAnEntry);
+    firstRows.insert(books.rows.front());
+  }
+  CHECK(firstRows == std::set<std::string>{"00000001", "00000005"});
+}
+
 TEST_CASE("two stations at once draw unbroken, different numbers, and a killed one stops nobody") {
   const test::Scratch scratch;
   const fs::path books = scratch.path() / "books", told = scratch.path() / "told";
