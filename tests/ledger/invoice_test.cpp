@@ -1,6 +1,8 @@
 // The form of the documents with VAT (invoice_form) in all its kinds.
 #include "ledger/invoice_form.h"
 
+#include <cmath>
+
 #include "ledger/books.h"
 #include "ledger/ledger_rules.h"
 

@@ -1,5 +1,7 @@
 // Entries, revisions and removals drawn from a seed, against what they must come to.
+#include <array>
 #include <random>
+#include <set>
 
 #include "common/amount.h"
 #include "ledger/books.h"
