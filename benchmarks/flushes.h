@@ -1,4 +1,5 @@
-// How often the program has asked the disk to keep what it wrote: each fdatasync of the process is counted.
+// How often the program has asked the disk to keep what it wrote: each fdatasync and fsync of the process is
+// counted.
 #pragma once
 
 namespace bench {

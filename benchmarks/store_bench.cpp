@@ -3,11 +3,12 @@
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <stdlib.h>
-#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
-#include <atomic>
+#include <chrono>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <random>
 
@@ -18,23 +19,8 @@
 #include "archives/pr.h"
 #include "archives/sd.h"
 #include "common/text.h"
+#include "flushes.h"
 #include "store/group.h"
-
-namespace {
-
-std::atomic<std::int64_t> flushes;
-
-}  // namespace
-
-// Takes the C library's place for this program, so that flushes can be counted.
-extern "C" int fdatasync(int descriptor) {
-  ++flushes;
-  return static_cast<int>(::syscall(SYS_fdatasync, descriptor));
-}
-extern "C" int fsync(int descriptor) {
-  ++flushes;
-  return static_cast<int>(::syscall(SYS_fsync, descriptor));
-}
 
 namespace {
 
@@ -59,8 +45,9 @@ class Directory {
   std::string path_;
 };
 
-store::StoreOptions options() {
+store::StoreOptions options(bool share = false) {
   store::StoreOptions made;
+  made.share = share;
   made.logOf = [](std::string_view) { return "AB--.grp"; };
   return made;
 }
@@ -112,18 +99,20 @@ void expect(store::Code code) {
   if (code != store::kOk) std::abort();
 }
 
-// A company's year: a million journal rows, and what a posting touches besides.
+// A company's year: journal rows, a million as a rule, and what a posting touches besides.
 class Books {
  public:
-  Books() {
-    make<rec::mc>(store_, mcStem(), 8);
-    make<rec::pc>(store_, directory_ / "2003ABpc", 5);
-    make<rec::pr>(store_, directory_ / "2003ABpr", 10);
-    make<rec::iv>(store_, directory_ / "2003ABiv", 8);
-    make<rec::sd>(store_, directory_ / "2003ABsd", 8);
-    Archive<rec::mc> mc(store_);
-    Archive<rec::pc> pc(store_);
-    Archive<rec::pr> pr(store_);
+  explicit Books(int rows = kRows, bool share = false)
+      : station_(std::make_unique<store::RecordStore>(options(share))) {
+    store::RecordStore& store = *station_;
+    make<rec::mc>(store, mcStem(), 8);
+    make<rec::pc>(store, directory_ / "2003ABpc", 5);
+    make<rec::pr>(store, directory_ / "2003ABpr", 10);
+    make<rec::iv>(store, directory_ / "2003ABiv", 8);
+    make<rec::sd>(store, directory_ / "2003ABsd", 8);
+    Archive<rec::mc> mc(store);
+    Archive<rec::pc> pc(store);
+    Archive<rec::pr> pr(store);
     expect(mc.open(mcStem()));
     expect(pc.open(directory_ / "2003ABpc"));
     expect(pr.open(directory_ / "2003ABpr"));
@@ -131,26 +120,29 @@ class Books {
       pc.A = voice(i);
       expect(pc.put(number(i, 5), Put::add));
     }
-    for (const char* key : {"mc", "iv", "scaclird", "dati", "fv1"}) expect(pr.put(key, Put::add));
+    for (const char* key : {"iv", "scaclird", "dati", "fv1"}) expect(pr.put(key, Put::add));
+    pr.A.valore = rows;
+    expect(pr.put("mc", Put::add));
     std::mt19937 random(1);
-    for (int first = 0; first < kRows; first += 10'000) {
-      store::Group group(store_, directory_ / "AB--", 8, 1);
+    for (int first = 0; first < rows; first += 10'000) {
+      store::Group group(store, directory_ / "AB--", 8, 1);
       for (int i = first; i < first + 10'000; ++i) {
         mc.A = journalRow(i, static_cast<int>(random() % kVoices));
         expect(mc.put(number(i, 8), Put::add));
       }
       if (!group.commit()) std::abort();
     }
-    expect(store_.settle());
+    expect(store.settle());
   }
 
-  store::RecordStore& station() { return store_; }
+  store::RecordStore& station() { return *station_; }
+  void leave() { station_.reset(); }  // to other stations
   std::string mcStem() const { return directory_ / "2003ABmc"; }
   const Directory& directory() const { return directory_; }
 
  private:
   Directory directory_;
-  store::RecordStore store_{options()};
+  std::unique_ptr<store::RecordStore> station_;
 };
 
 Books& books() {
@@ -244,28 +236,27 @@ BENCHMARK(openCold)->Unit(benchmark::kMicrosecond);
 // What the registration of an invoice does to the archives, flushed after each write or as one group.
 class Posting {
  public:
-  explicit Posting(bool asGroup) : asGroup_(asGroup) {
-    const Directory& directory = books().directory();
-    expect(mc_.open(books().mcStem()));
+  Posting(store::RecordStore& station, const Directory& directory, bool asGroup)
+      : station_(station), log_(directory / "AB--"), asGroup_(asGroup) {
+    expect(mc_.open(directory / "2003ABmc"));
     expect(pc_.open(directory / "2003ABpc"));
     expect(pr_.open(directory / "2003ABpr"));
     expect(iv_.open(directory / "2003ABiv"));
     expect(sd_.open(directory / "2003ABsd"));
-    mc_.eof(0);
-    if (mc_.previous(0) == store::kOk) row_ = std::stoi(mc_.primaryKey()) + 1;
   }
 
   void post() {
     std::optional<store::Group> group;
-    if (asGroup_) group.emplace(books().station(), books().directory() / "AB--", 8, 1);
-    for (const char* counter : {"fv1", "dati", "mc", "iv", "scaclird"}) draw(counter);
-    for (int i = 0; i < 5; ++i, ++row_) {
-      mc_.A = journalRow(row_ % kRows, static_cast<int>(random_() % kVoices));
-      written(mc_.put(number(row_, 8), Put::add), mc_);
+    if (asGroup_) group.emplace(station_, log_, 8, 1);
+    for (const char* counter : {"fv1", "dati", "iv", "scaclird"}) draw(counter, 1);
+    const int row = draw("mc", 5);
+    for (int i = row - 5; i < row; ++i) {
+      mc_.A = journalRow(i % kRows, static_cast<int>(random_() % kVoices));
+      written(mc_.put(number(i, 8), Put::add), mc_);
       for (int level = 0; level < 3; ++level) addTo(number(random_() % kVoices, 5));
     }
-    for (int i = 0; i < 2; ++i) written(iv_.put(number(row_ * 2 + i, 8), Put::add), iv_);
-    written(sd_.put(number(row_, 8), Put::add), sd_);
+    for (int i = 0; i < 2; ++i) written(iv_.put(number(row * 2 + i, 8), Put::add), iv_);
+    written(sd_.put(number(row, 8), Put::add), sd_);
     if (group && !group->commit()) std::abort();
   }
 
@@ -275,13 +266,14 @@ class Posting {
     expect(code);
     expect(archive.flush());
   }
-  void draw(const char* counter) {
+  int draw(const char* counter, int count) {
     pr_.spinLock(counter);
     expect(pr_.search(0, counter));
     pr_.A = pr_.B;
-    ++pr_.A.valore;
+    pr_.A.valore += count;
     written(pr_.put(counter, Put::write), pr_);
     pr_.unlock(counter);
+    return static_cast<int>(pr_.A.valore);
   }
   void addTo(const std::string& account) {
     pc_.spinLock(account);
@@ -292,26 +284,73 @@ class Posting {
     pc_.unlock(account);
   }
 
+  store::RecordStore& station_;
+  std::string log_;
   bool asGroup_;
-  int row_ = 0;
   std::mt19937 random_{4};
-  Archive<rec::mc> mc_{books().station()};
-  Archive<rec::pc> pc_{books().station()};
-  Archive<rec::pr> pr_{books().station()};
-  Archive<rec::iv> iv_{books().station()};
-  Archive<rec::sd> sd_{books().station()};
+  Archive<rec::mc> mc_{station_};
+  Archive<rec::pc> pc_{station_};
+  Archive<rec::pr> pr_{station_};
+  Archive<rec::iv> iv_{station_};
+  Archive<rec::sd> sd_{station_};
 };
 
-void posting(benchmark::State& state) {
-  Posting posting(state.range(0) != 0);
+void posting(benchmark::State& state, Books& company) {
+  Posting posting(company.station(), company.directory(), state.range(0) != 0);
   posting.post();
-  const std::int64_t before = flushes;
+  const std::int64_t before = bench::flushes();
   for (auto _ : state) posting.post();
   state.counters["flushes"] =
-      benchmark::Counter(static_cast<double>(flushes - before), benchmark::Counter::kAvgIterations);
+      benchmark::Counter(static_cast<double>(bench::flushes() - before), benchmark::Counter::kAvgIterations);
 }
-BENCHMARK(posting)->Name("posting/flush_per_write")->Arg(0)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(posting)->Name("posting/group")->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
+void postingHere(benchmark::State& state) { posting(state, books()); }
+BENCHMARK(postingHere)->Name("posting/flush_per_write")->Arg(0)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(postingHere)->Name("posting/group")->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void postingOnShare(benchmark::State& state) {
+  static Books company(20'000, true);
+  posting(state, company);
+}
+BENCHMARK(postingOnShare)
+    ->Name("posting/share_flush_per_write")
+    ->Arg(0)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK(postingOnShare)->Name("posting/share_group")->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A station of its own process that posts until the time is over: how many it has posted.
+int postUntil(std::chrono::steady_clock::time_point end, const Directory& directory) {
+  store::RecordStore station{options()};
+  Posting posting(station, directory, true);
+  int posted = 0;
+  for (; std::chrono::steady_clock::now() < end; ++posted) posting.post();
+  return posted;
+}
+
+// Several stations at one company's books: how many postings they make together.
+void stations(benchmark::State& state) {
+  Books company(20'000);
+  company.leave();  // a process that is forked must not have the archives open
+  constexpr std::chrono::seconds kTime(2);
+  std::int64_t posted = 0;
+  for (auto _ : state) {
+    int ends[2];
+    if (::pipe(ends) != 0) std::abort();
+    const auto end = std::chrono::steady_clock::now() + kTime;
+    for (int n = 0; n < state.range(0); ++n) {
+      if (::fork() != 0) continue;
+      const int his = postUntil(end, company.directory());
+      ::_exit(::write(ends[1], &his, sizeof his) == sizeof his ? 0 : 1);
+    }
+    ::close(ends[1]);
+    for (int his = 0; ::read(ends[0], &his, sizeof his) == sizeof his;) posted += his;
+    ::close(ends[0]);
+    while (::wait(nullptr) > 0) continue;
+  }
+  state.counters["postings/s"] =
+      static_cast<double>(posted) / static_cast<double>(state.iterations() * kTime.count());
+}
+BENCHMARK(stations)->Arg(1)->Arg(2)->Arg(4)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 
 // The disk's own flush of one block, beside which the postings are to be read.
 void diskFlush(benchmark::State& state) {
