@@ -66,7 +66,10 @@ inline Fault failing(const std::string& operations, const std::string& error, bo
 class Tally {
  public:
   explicit Tally(std::string kind) : kind_(std::move(kind)) {}
-  ~Tally() { std::printf("figure: %s: %d tried, %d violations\n", kind_.c_str(), tried_, violations_); }
+  ~Tally() {
+    std::printf("figure: %s: %d tried, %d violations\n", kind_.c_str(), tried_, violations_);
+    std::fflush(stdout);
+  }
   Tally(const Tally&) = delete;
   Tally& operator=(const Tally&) = delete;
 

@@ -120,7 +120,7 @@ TEST_CASE("a station killed at any operation leaves whole books") {
 
 TEST_CASE("a station killed while it mends what another has left leaves whole books") {
   Tally tally("kill points of recovery");
-  for (int nth = 1; nth <= (kLong ? 4 : 1); ++nth) {
+  for (int nth = 1; nth <= (kLong ? 2 : 1); ++nth) {
     const auto left = torn(nth);
     const auto judgeNext = [&](const std::string& directory, long done) {
       return judge(directory, nth + done, 1);
@@ -146,7 +146,7 @@ TEST_CASE("a disk that fails once costs no posting, brings no refused one back, 
   for (const char* operations : kEach) {
     const int count = countOf(operations, books(0), kPostings);
     for (const Cause& cause : kCauses) {
-      for (int at = 1 + shift++ % 5; at <= count; at += kLong ? 1 : 60) {
+      for (int at = 1 + shift++ % 5; at <= count; at += kLong ? 3 : 60) {
         CAPTURE(operations);
         CAPTURE(cause.error);
         CAPTURE(at);
@@ -170,7 +170,7 @@ TEST_CASE("a disk that fails for good ends the station, and the books are whole 
   for (const char* operations : {"write,sync,trunc,rename,unlink,create", "extend,create", "open,read"}) {
     const int count = countOf(operations, books(0), kPostings);
     for (const Cause& cause : kCauses) {
-      for (int at = 1 + shift++ % 5; at <= count; at += kLong ? 2 : 70) {
+      for (int at = 1 + shift++ % 5; at <= count; at += kLong ? 6 : 70) {
         CAPTURE(operations);
         CAPTURE(cause.error);
         CAPTURE(at);
@@ -195,7 +195,7 @@ TEST_CASE("what cannot be read makes no list shorter without a box") {
   CHECK(count > 50);
   int shift = 0;
   for (const Cause& cause : kCauses) {
-    for (int at = 1 + shift++ % 5; at <= count; at += kLong ? 1 : 20) {
+    for (int at = 1 + shift++ % 5; at <= count; at += kLong ? 3 : 20) {
       CAPTURE(cause.error);
       CAPTURE(at);
       const Place place(books(60));
@@ -234,7 +234,7 @@ TEST_CASE("a cause is told in its own words") {
 
 TEST_CASE("a power cut at any operation leaves whole books") {
   Tally tally("power-cut states of postings");
-  test::cutPowerEverywhere(tally, books(0), kStation, kPostings, kLong ? 1 : 8, kLong ? 4 : 1, judgeKilled);
+  test::cutPowerEverywhere(tally, books(0), kStation, kPostings, kLong ? 1 : 8, kLong ? 2 : 1, judgeKilled);
   CHECK(tally.tried() > 100);
 }
 
@@ -245,7 +245,7 @@ TEST_CASE("a power cut during the recovery, or during the change of journals, le
   };
   for (const char* mode : {test::onShare() ? "share" : "own", test::onShare() ? "own" : "share"}) {
     Tally tally("power-cut states of recovery");
-    test::cutPowerEverywhere(tally, left->directory, kStation, 1, kLong ? 1 : 12, kLong ? 4 : 1, judgeNext,
+    test::cutPowerEverywhere(tally, left->directory, kStation, 1, kLong ? 2 : 12, kLong ? 2 : 1, judgeNext,
                              mode);
     CHECK(tally.tried() > 50);
   }
