@@ -1,6 +1,7 @@
 #include "app/units.h"
 
 #include "chart/forms.h"
+#include "ledger/books/forms.h"
 #include "ledger/forms.h"
 #include "parties/forms.h"
 #include "session/forms.h"
@@ -24,9 +25,11 @@ constexpr Unit kUnits[] = {
     {"MCMG2", makeMcmg2},
     {"MCMG3", makeMcmg3},
     {"MCXX", makeMcxx},
+    {"NUMERAZ", makeNumeraz},
     {"PARGES", makeParges},
     {"PASS", makePass},
     {"PASSW", makePassw},
+    {"PROGRES", makeProgres},
     {"RCLIENTE", makeRCLIENTE},
     {"REGCRED", makeRegcred},
     {"REGDATI", makeRegdati},
@@ -34,9 +37,16 @@ constexpr Unit kUnits[] = {
     {"RMIVA", makeRmiva},
     {"RPC", makeRPC},
     {"SCELTA", makeScelta},
+    {"STEC", makeStec},
+    {"STGC", makeStgc},
+    {"STMC", makeStmc},
+    {"STMC1", makeStmc1},
     {"STRIA", makeStria},
     {"STRIC", makeStric},
     {"STRIV", makeStriv},
+    {"STSCHED", makeStsched},
+    {"VARRIFP", makeVarrifp},
+    {"VERPN", makeVerpn},
     {"VIVA", makeViva},
     {"cancell1", makeCancell1},
     {"cancella", makeCancella},
@@ -52,6 +62,9 @@ constexpr Unit kUnits[] = {
     {"regxx", makeRegxx},
     {"rtiva", makeRtiva},
     {"varsi", makeVarsi},
+    {"vec", makeVec},
+    {"visched", makeVisched},
+    {"visched1", makeVisched1},
     {"vistiva", makeVistiva},
 };
 

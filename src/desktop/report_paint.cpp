@@ -74,11 +74,9 @@ double ReportPainter::fit() const {
   const double advance = QFontMetricsF(font).horizontalAdvance(QLatin1Char('0')) / (100.0 * kFine);
   double width = 0, height = 0;
   for (const ui::Page& page : report_.pages())
-    for (const ui::Line& line : page.lines) {
-      const auto end = line.text.find_last_not_of(' ');
-      if (end == std::string::npos) continue;
-      width = std::max(width, double(common::length(std::string_view(line.text).substr(0, end + 1))) *
-                                  line.size * advance);
+    for (const ui::Line& line : page.lines()) {
+      if (line.text.empty()) continue;
+      width = std::max(width, double(common::length(line.text)) * line.size * advance);
       height = std::max(height, line.top + line.size * kLeading);
     }
   const QSizeF room = paperOf(report_) - QSizeF(2, 2) * report_.margin();
@@ -92,15 +90,13 @@ void ReportPainter::paint(QPainter& painter, int number) const {
   painter.setRenderHint(QPainter::TextAntialiasing);
   painter.translate(report_.margin(), report_.margin());
   painter.scale(scale_, scale_);
-  for (const ui::Picture& picture : page.pictures) paintPicture(painter, picture);
+  for (const ui::Picture& picture : page.pictures()) paintPicture(painter, picture);
   painter.scale(1.0 / kFine, 1.0 / kFine);
   painter.setPen(Qt::black);
-  for (const ui::Line& line : page.lines) {
-    const auto end = line.text.find_last_not_of(' ');
-    if (end == std::string::npos) continue;
+  for (const ui::Line& line : page.lines()) {
+    if (line.text.empty()) continue;
     painter.setFont(fontOf(line));
-    painter.drawText(QPointF(0, (line.top + line.size) * kFine),
-                     text(std::string_view(line.text).substr(0, end + 1)));
+    painter.drawText(QPointF(0, (line.top + line.size) * kFine), text(line.text));
   }
   painter.restore();
 }
@@ -115,6 +111,7 @@ QRectF ReportPainter::place(const ui::Line& line, qsizetype first, qsizetype cou
 }
 
 bool writePdf(const ui::Report& report, const QString& path) {
+  report.finish();
   QSaveFile file(path);
   if (!file.open(QIODevice::WriteOnly)) return false;
   {
@@ -128,6 +125,7 @@ bool writePdf(const ui::Report& report, const QString& path) {
 }
 
 bool printReport(const ui::Report& report, QPrinter& printer) {
+  report.finish();
   printer.setDocName(text(report.title()));
   printer.setFullPage(true);
   prepare(report, printer);

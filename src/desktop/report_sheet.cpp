@@ -34,7 +34,7 @@ void ReportSheet::setScale(double pixelsOfPoint) {
 
 void ReportSheet::markAll() {
   first_ = 0;
-  last_ = static_cast<int>(report_.pages()[static_cast<std::size_t>(page_)].lines.size()) - 1;
+  last_ = static_cast<int>(report_.pages()[static_cast<std::size_t>(page_)].size()) - 1;
   update();
 }
 
@@ -48,7 +48,7 @@ QString ReportSheet::markedText() const {
 }
 
 QRectF ReportSheet::showFound(std::size_t line, qsizetype at, qsizetype count) {
-  found_ = painter_.place(report_.pages()[static_cast<std::size_t>(page_)].lines[line], at, count);
+  found_ = painter_.place(report_.pages()[static_cast<std::size_t>(page_)].line(line), at, count);
   update();
   return {found_.topLeft() * scale_, found_.size() * scale_};
 }
@@ -65,7 +65,7 @@ void ReportSheet::paintEvent(QPaintEvent*) {
   const ui::Page& page = report_.pages()[static_cast<std::size_t>(page_)];
   if (hasMarks())
     for (int i = std::min(first_, last_); i <= std::max(first_, last_); ++i) {
-      const QRectF line = painter_.place(page.lines[static_cast<std::size_t>(i)], 0, 1);
+      const QRectF line = painter_.place(page.line(static_cast<std::size_t>(i)), 0, 1);
       painter.fillRect(QRectF(report_.margin() - 4, line.top(),
                               paperOf(report_).width() - 2 * report_.margin() + 8, line.height()),
                        kMark);
@@ -76,7 +76,7 @@ void ReportSheet::paintEvent(QPaintEvent*) {
 
 // The line under a height in pixels, or the nearest one.
 int ReportSheet::lineAt(double y) const {
-  const auto& lines = report_.pages()[static_cast<std::size_t>(page_)].lines;
+  const auto lines = report_.pages()[static_cast<std::size_t>(page_)].lines();
   int nearest = -1;
   double distance = 0;
   for (std::size_t i = 0; i < lines.size(); ++i) {

@@ -4,6 +4,7 @@
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLabel>
@@ -68,7 +69,35 @@ ReportView::ReportView(std::shared_ptr<const ui::Report> report, QWidget* parent
     sheet_->setPage(page - 1);
     scroll_->verticalScrollBar()->setValue(0);
   });
+  while (report_->pages().size() < 2 && report_->grow()) continue;
+  showPages();
+  connect(&growing_, &QTimer::timeout, this, [this] { layOutSome(); });
+  if (!report_->isWhole()) growing_.start(0);
   applyZoom();
+}
+
+// A long report is laid out between two keys: its first page shows at once.
+void ReportView::layOutSome() {
+  constexpr int kSlice = 12;  // milliseconds
+  QElapsedTimer clock;
+  clock.start();
+  while (clock.elapsed() < kSlice && report_->grow()) continue;
+  if (report_->isWhole()) growing_.stop();
+  showPages();
+}
+
+void ReportView::layOutRest() {
+  if (report_->isWhole()) return;
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  report_->finish();
+  QApplication::restoreOverrideCursor();
+  growing_.stop();
+  showPages();
+}
+
+void ReportView::showPages() {
+  page_->setRange(1, pages());
+  page_->setSuffix(QString(report_->isWhole() ? " di %1" : " di %1...").arg(pages()));
 }
 
 QToolButton* ReportView::addTool(QHBoxLayout& bar, const char* name, const QString& words, const QString& tip,
@@ -106,13 +135,11 @@ void ReportView::buildBar(QHBoxLayout& bar) {
   addTool(bar, "first", {}, "Prima pagina", [this] { setPage(1); });
   addTool(bar, "previous", {}, "Pagina precedente (PagSu)", [this] { setPage(page() - 1); });
   page_ = new QSpinBox;
-  page_->setRange(1, pages());
   page_->setPrefix("Pagina ");
-  page_->setSuffix(QString(" di %1").arg(pages()));
   page_->setFocusPolicy(Qt::ClickFocus);
   bar.addWidget(page_);
   addTool(bar, "next", {}, "Pagina seguente (PagGiù)", [this] { setPage(page() + 1); });
-  addTool(bar, "last", {}, "Ultima pagina", [this] { setPage(pages()); });
+  addTool(bar, "last", {}, "Ultima pagina", [this] { turnToEnd(); });
   zoom_ = new QComboBox;
   zoom_->setFocusPolicy(Qt::NoFocus);
   zoom_->addItem("Larghezza", 0);
@@ -147,6 +174,11 @@ void ReportView::leave() {
 int ReportView::page() const { return sheet_->page() + 1; }
 int ReportView::pages() const { return static_cast<int>(report_->pages().size()); }
 void ReportView::setPage(int page) { page_->setValue(std::clamp(page, 1, pages())); }
+void ReportView::turnToEnd() {
+  layOutRest();
+  setPage(pages());
+}
+
 QString ReportView::selectedText() const { return sheet_->markedText(); }
 
 void ReportView::setZoom(int percent) {
@@ -178,6 +210,7 @@ void ReportView::zoomBy(int steps) {
 
 bool ReportView::find(const QString& words, bool forwards) {
   if (words.isEmpty()) return false;
+  layOutRest();
   struct Place {
     int page;
     std::size_t line;
@@ -185,7 +218,7 @@ bool ReportView::find(const QString& words, bool forwards) {
   };
   std::vector<Place> places;
   for (int page = 0; page < pages(); ++page) {
-    const auto& lines = report_->pages()[static_cast<std::size_t>(page)].lines;
+    const auto lines = report_->pages()[static_cast<std::size_t>(page)].lines();
     for (std::size_t line = 0; line < lines.size(); ++line) {
       const QString whole = text(lines[line].text);
       for (qsizetype at = whole.indexOf(words, 0, Qt::CaseInsensitive); at >= 0;
@@ -222,7 +255,9 @@ void ReportView::copy() {
 void ReportView::savePdf() {
   const QString name = text(report_->title()).replace(QLatin1Char('/'), QLatin1Char('-')) + ".pdf";
   const QString path = QFileDialog::getSaveFileName(this, "Salva come PDF", name, "PDF (*.pdf)");
-  if (path.isEmpty() || writePdf(*report_, path)) return;
+  if (path.isEmpty()) return;
+  layOutRest();
+  if (writePdf(*report_, path)) return;
   showBox({"Il file non è stato scritto: " + utf8(path), "Errore", ui::Ask::ok, ui::Icon::warning}, window());
 }
 
@@ -255,7 +290,7 @@ void ReportView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Home:
       return setPage(1);
     case Qt::Key_End:
-      return setPage(pages());
+      return turnToEnd();
     case Qt::Key_Down:
       return bar.setValue(bar.value() + 40);
     case Qt::Key_Up:

@@ -1,6 +1,7 @@
 // The preview of a report: its pages, zoom, search in the text, copy of lines, and the ways to paper and PDF.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -50,6 +51,10 @@ class ReportView : public QWidget {
   void copy();
   void savePdf();
   void turn(int by);
+  void turnToEnd();
+  void layOutSome();
+  void layOutRest();
+  void showPages();
   void leave();
 
   std::shared_ptr<const ui::Report> report_;
@@ -59,6 +64,7 @@ class ReportView : public QWidget {
   QComboBox* zoom_;
   QLineEdit* search_;
   QLabel* told_;
+  QTimer growing_;
   int percent_ = 0;
 };
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFontDatabase>
+#include <QKeyEvent>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -44,6 +45,33 @@ class PointerAside {
 };
 
 }  // namespace
+
+// Takes the keys and the clicks of the program for as long as it lives, and remembers an Escape among them.
+class StopKey : public QObject {
+ public:
+  StopKey() { qApp->installEventFilter(this); }
+  bool struck = false;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::KeyPress:
+        struck = struck || static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+        return true;
+      case QEvent::KeyRelease:
+      case QEvent::ShortcutOverride:
+      case QEvent::Shortcut:
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonRelease:
+      case QEvent::MouseButtonDblClick:
+      case QEvent::Wheel:
+      case QEvent::Close:
+        return true;
+      default:
+        return false;
+    }
+  }
+};
 
 // While it lives a handler of a form waits in an event loop of its own, and closed forms stay in memory.
 class WindowDesk::Nested {
@@ -162,20 +190,24 @@ void WindowDesk::busy(bool on) {
   }
   if (busy_ == 0) return;
   QApplication::restoreOverrideCursor();
-  if (--busy_ == 0) window_.showProgress(0, 0);
+  if (--busy_ > 0) return;
+  stop_.reset();
+  window_.showProgress(0, 0);
 }
 
-void WindowDesk::progress(std::size_t done, std::size_t all) {
+bool WindowDesk::progress(std::size_t done, std::size_t all) {
+  if (busy_ > 0 && !stop_) stop_ = std::make_unique<StopKey>();
   window_.showProgress(done, all);
   paintNow();
+  return !stop_ || !stop_->struck;
 }
 
 // A long operation runs in the only thread: the window is painted whenever it tells how far it is, without
-// letting keys or clicks in.
+// letting keys or clicks in, but for Escape where the operation can be stopped.
 void WindowDesk::paintNow() {
   if (busy_ == 0 || (painted_.isValid() && painted_.elapsed() < kFrameTime)) return;
   ++depth_;
-  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  QApplication::processEvents(stop_ ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
   --depth_;
   painted_.start();
 }
@@ -200,6 +232,7 @@ bool WindowDesk::print(std::shared_ptr<const ui::Report> report) {
           "Stampa", ui::Ask::ok, ui::Icon::information});
     return false;
   }
+  report->finish();  // its pages are counted from here on
   QPrinter printer(QPrinter::HighResolution);
   if (printsAsk) {
     const Nested nested(*this);

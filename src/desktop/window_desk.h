@@ -13,6 +13,7 @@ class QDialog;
 namespace desktop {
 
 class FormWindow;
+class StopKey;
 class MainWindow;
 
 class WindowDesk : public ui::Desk {
@@ -30,7 +31,7 @@ class WindowDesk : public ui::Desk {
   void beep() override;
   void status(int panel, std::string_view text) override;
   void busy(bool on) override;
-  void progress(std::size_t done, std::size_t all) override;
+  bool progress(std::size_t done, std::size_t all) override;
   void preview(std::shared_ptr<const ui::Report> report) override;
   bool print(std::shared_ptr<const ui::Report> report) override;
   std::optional<std::string> chooseFile(std::string_view title, std::string_view filter, bool save) override;
@@ -54,6 +55,7 @@ class WindowDesk : public ui::Desk {
   int depth_ = 0;                                      // event loops that handlers of forms have started
   int busy_ = 0;
   bool ending_ = false;
+  std::unique_ptr<StopKey> stop_;  // while something is busy
   QElapsedTimer painted_;
 };
 

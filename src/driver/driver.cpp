@@ -244,10 +244,12 @@ std::string Driver::panel(int number) const {
 }
 
 void Driver::preview(std::shared_ptr<const ui::Report> report) {
+  report->finish();
   printed_.push_back({std::move(report), "preview"});
 }
 
 bool Driver::print(std::shared_ptr<const ui::Report> report) {
+  report->finish();
   printed_.push_back({std::move(report), "printer"});
   return true;
 }

@@ -19,9 +19,9 @@ using Json = nlohmann::ordered_json;
 
 Json pageJson(const ui::Page& page) {
   Json lines = Json::array(), pictures = Json::array();
-  for (const auto& line : page.lines)
+  for (const auto& line : page.lines())
     lines.push_back({{"text", line.text}, {"size", line.size}, {"bold", line.bold}, {"top", line.top}});
-  for (const auto& picture : page.pictures)
+  for (const auto& picture : page.pictures())
     pictures.push_back({{"path", picture.path},
                         {"left", picture.left},
                         {"top", picture.top},

@@ -18,6 +18,14 @@ ui::Letterhead letterhead(Session& session, bool company, int blankLines, int po
   return head;
 }
 
+bool layOutWhole(ui::Desk& desk, const ui::Report& report, const std::function<std::size_t()>& done,
+                 std::size_t all) {
+  const ui::Busy busy(desk);
+  while (report.grow())
+    if (!desk.progress(done(), all)) return false;
+  return true;
+}
+
 bool showReport(ui::Desk& desk, std::shared_ptr<const ui::Report> report, bool preview) {
   if (!preview) return desk.print(std::move(report));
   desk.preview(std::move(report));

@@ -2,6 +2,7 @@
 // the title, the way to the preview or to the printer.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "session/session.h"
@@ -14,6 +15,11 @@ ui::Setup printSetup(const Session& session);
 
 // The open company above the title when `company` is on; `position` reports that it cannot be read.
 ui::Letterhead letterhead(Session& session, bool company, int blankLines, int position);
+
+// Lays the report out to its end, and tells how far it is: `done` of about `all`. False: the user has stopped
+// it.
+bool layOutWhole(ui::Desk& desk, const ui::Report& report, const std::function<std::size_t()>& done,
+                 std::size_t all);
 
 // False: it was to be printed, and was not.
 bool showReport(ui::Desk& desk, std::shared_ptr<const ui::Report> report, bool preview);

@@ -75,6 +75,7 @@ class Session {
   int AgentMode = 0;               // 1: the supplier screens serve agents
   std::string LastRegisteredName;  // what RCLIENT3 and RFORN3 hand back
   std::string EntryToRevise;       // number of the journal's entry, for the revision form opened next
+  std::string VoiceToShow;         // code of the voice whose card visched1 opens on
 
   // --- the archives held open: dataz and civa for the run, the others for the open company ---
   store::RecordStore store;

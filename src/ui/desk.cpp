@@ -36,7 +36,7 @@ std::string_view nameOf(Icon icon) {
 
 Desk::~Desk() = default;
 
-void Desk::progress(std::size_t, std::size_t) {}
+bool Desk::progress(std::size_t, std::size_t) { return true; }
 
 void Desk::refuse(std::string text) {
   beep();

@@ -55,7 +55,8 @@ class Desk {
   virtual void busy(bool on) = 0;                             // calls may nest
 
   // How far a long operation is, within busy(true) and busy(false); a host without a screen shows nothing.
-  virtual void progress(std::size_t done, std::size_t all);
+  // False: the user has asked to stop, which an operation that can be stopped does, and another passes over.
+  virtual bool progress(std::size_t done, std::size_t all);
 
   virtual void preview(std::shared_ptr<const Report> report) = 0;
   // False: nothing was printed, as there is no printer, or the user gave up, or the printer failed.

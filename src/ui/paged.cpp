@@ -24,12 +24,13 @@ Paged::Paged(Report& report, std::size_t width, Head head, int firstPage)
 void Paged::line(std::string_view text) {
   if (!inHead_ && report_.left() == 0) turn();
   report_.line(text);
+  atTop_ = inHead_;
 }
 
 void Paged::bold(std::string_view text) {
   if (!inHead_ && report_.left() == 0) turn();  // whose head has bold lines of its own
   report_.setBold(true);
-  report_.line(text);
+  line(text);
   report_.setBold(false);
 }
 

@@ -30,7 +30,8 @@ class Paged {
 
   // Begins a page where so many lines would be torn apart, if a page can hold them at all.
   void keep(int lines);
-  void turn();  // begins a page
+  void turn();                           // begins a page
+  bool atTop() const { return atTop_; }  // nothing stands below the head
   int page() const { return page_; }
   std::size_t width() const { return width_; }
   Report& report() const { return report_; }
@@ -42,7 +43,7 @@ class Paged {
   std::size_t width_;
   Head head_;
   int page_, headLines_ = 0;
-  bool inHead_ = false;
+  bool inHead_ = false, atTop_ = true;
 };
 
 // What stands above the title of a print: the company and its VAT number, when asked for, under lines left

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -25,15 +27,35 @@ struct Picture {
 };
 
 struct Line {
-  std::string text;
+  std::string_view text;  // without trailing blanks; as long as the page stands unchanged
   double size;
   bool bold;
   double top;  // from the upper margin, in points
 };
 
-struct Page {
-  std::vector<Line> lines;
-  std::vector<Picture> pictures;
+// The lines of a page, kept as one text: a year's journal has a million and a half of them.
+class Page {
+ public:
+  std::size_t size() const { return ends_.size(); }
+  Line line(std::size_t number) const;
+  std::vector<Line> lines() const;
+  const std::vector<Picture>& pictures() const { return pictures_; }
+
+ private:
+  friend class Report;
+  struct Run {  // of lines that look alike
+    std::size_t first;
+    double size;
+    bool bold;
+    double top;
+  };
+  void add(std::string_view text, double size, bool bold, double top);
+  void close();  // no line comes any more
+
+  std::string text_;
+  std::vector<std::uint32_t> ends_;  // of each line in the text
+  std::vector<Run> runs_;
+  std::vector<Picture> pictures_;
 };
 
 class Report {
@@ -55,8 +77,15 @@ class Report {
   int left() const;       // lines that the page still takes
   double height() const;  // taken so far on the page, in points
 
-  std::vector<std::string> textOf(const Page& page) const;  // lines without their trailing blanks
-  std::string text() const;                                 // all pages, each ends with a form feed
+  // A long report lays itself out as far as it is looked at: `more` writes some lines onto it, and answers
+  // false when nothing is left to write.
+  void onDemand(std::function<bool()> more) { more_ = std::move(more); }
+  bool isWhole() const { return !more_; }
+  bool grow() const;  // by some lines; false: the report is whole
+  void finish() const;
+
+  std::vector<std::string> textOf(const Page& page) const;
+  std::string text() const;  // all pages, each ends with a form feed
 
  private:
   std::string title_;
@@ -65,6 +94,7 @@ class Report {
   bool bold_ = false;
   double top_ = 0;
   std::vector<Page> pages_;
+  mutable std::function<bool()> more_;  // who shows a report lays it out, and may do nothing else to it
 };
 
 // A column of a table: where it stands and what it shows of a row.

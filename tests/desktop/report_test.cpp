@@ -58,7 +58,7 @@ TEST_CASE("a report wider than its paper is drawn smaller, whole") {
   ui::Report report("Largo", {.size = 10});
   report.line(std::string(150, 'x'));
   const desktop::ReportPainter painter(report);
-  const QRectF last = painter.place(report.pages()[0].lines[0], 149, 1);
+  const QRectF last = painter.place(report.pages()[0].line(0), 149, 1);
   CHECK(last.right() <= desktop::paperOf(report).width() - report.margin() + 0.5);
   CHECK(last.right() >= desktop::paperOf(report).width() - report.margin() - 2);
 }
@@ -88,10 +88,10 @@ TEST_CASE("a report survives its way through the driver's JSON, and other texts 
   REQUIRE(report);
   CHECK(report->setup().landscape);
   REQUIRE(report->pages().size() == 2);
-  CHECK(report->pages()[0].lines[1].text == "due");
-  CHECK(report->pages()[0].lines[1].top == doctest::Approx(13.68));
-  CHECK(report->pages()[0].lines[0].bold);
-  CHECK(report->pages()[1].pictures[0].height == 4);
+  CHECK(report->pages()[0].line(1).text == "due");
+  CHECK(report->pages()[0].line(1).top == doctest::Approx(13.68));
+  CHECK(report->pages()[0].line(0).bold);
+  CHECK(report->pages()[1].pictures()[0].height == 4);
   for (const char* other : {"", "[]", "{}", "{\"title\":3}", "{\"title\":\"T\",\"pages\":7"})
     CHECK_FALSE(desktop::parseReport(other));
 }

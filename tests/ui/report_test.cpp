@@ -56,9 +56,9 @@ TEST_CASE("a page holds the lines of the setup") {
   REQUIRE(report.pages().size() == 3);
   CHECK(report.text() == "Titolo\n\n  a\xEF\xBF\xBD\n\fseconda pagina\n\fgrande\nsotto\n\f");
   CHECK(report.textOf(report.pages()[0]).size() == 3);
-  CHECK(report.pages()[0].lines[0].bold);
-  CHECK_FALSE(report.pages()[0].lines[1].bold);
-  CHECK(report.pages()[1].lines[0].top == 0);
-  CHECK(report.pages()[2].lines[1].top == doctest::Approx(2 * report.pages()[0].lines[1].top));
+  CHECK(report.pages()[0].line(0).bold);
+  CHECK_FALSE(report.pages()[0].line(1).bold);
+  CHECK(report.pages()[1].line(0).top == 0);
+  CHECK(report.pages()[2].line(1).top == doctest::Approx(2 * report.pages()[0].line(1).top));
   CHECK(ui::Report("x", {"Courier New", 10, 0, false}).left() == 60);
 }
