@@ -6,6 +6,7 @@
 #include "parties/forms.h"
 #include "session/forms.h"
 #include "vat/forms.h"
+#include "yearend/forms.h"
 
 namespace tarvex {
 namespace {
@@ -13,6 +14,7 @@ namespace {
 constexpr Unit kUnits[] = {
     {"ANNRIVA", makeAnnriva},
     {"APRIAZ", makeApriaz},
+    {"BIL", makeBil},
     {"COPIAPC", makeCopiapc},
     {"DUPLICA", makeDuplica},
     {"LIQIVA", makeLiqiva},

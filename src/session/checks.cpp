@@ -39,6 +39,10 @@ bool ValidateVatNumber(Session& session, std::string_view number) {
   return false;
 }
 
+void runtimeError(Session& session, std::string text) {
+  session.desk().show({std::move(text), std::string(kProduct), ui::Ask::ok, ui::Icon::critical});
+}
+
 void SetFieldHint(Session& session) { session.desk().status(2, kSearchHint); }
 
 }  // namespace tarvex

@@ -25,6 +25,9 @@ bool ValidateVatNumber(Session& session, std::string_view number);
 // Writes "F5 ricerca facilitata" in panel 2 of the status bar.
 void SetFieldHint(Session& session);
 
+// A run-time error that ends its operation, and never the program: a critical box.
+void runtimeError(Session& session, std::string text);
+
 inline constexpr std::string_view kProduct = "Tarvex";
 inline constexpr std::string_view kSearchHint = "F5 ricerca facilitata";
 

@@ -29,6 +29,7 @@ class RegisterPrint : public Form {
   std::optional<Register> compute();
   void print();
   void tell(const Register& content);
+  void explain();
 
   Session& session_;
   const RegisterKind& kind_;
@@ -59,6 +60,8 @@ RegisterPrint::RegisterPrint(Session& session, const RegisterKind& kind)
   definitiva.setVisible(isKept());
   ok.onPress = [this] { print(); };
   annulla.onPress = [this] { close(); };
+  on(
+      Key::F2, [this] { explain(); }, "perché questo numero?");
 }
 
 Layout RegisterPrint::layout() const {
@@ -105,6 +108,13 @@ void RegisterPrint::tell(const Register& content) {
     else
       desk().show({notice.text, std::string(kProduct), Ask::ok, Icon::information});
   }
+}
+
+void RegisterPrint::explain() {
+  auto content = compute();
+  if (!content) return;
+  showTrace(session_, title() + ", " + mese.text() + " " + session_.WorkYear,
+            traceOf(std::make_shared<const Register>(std::move(*content))));
 }
 
 }  // namespace

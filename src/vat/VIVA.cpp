@@ -41,9 +41,7 @@ Viva::Viva(Session& session) : Form(session.desk(), "VIVA", "Situazione Iva"), s
       Key::F2, [this] { explain(); }, "perché questo numero?");
 }
 
-Layout Viva::layout() const {
-  return column({periodo.layout(), totali, buttons({perche, chiudi})});
-}
+Layout Viva::layout() const { return column({periodo.layout(), totali, buttons({perche, chiudi})}); }
 
 // False when an archive fails, which has been reported.
 bool Viva::compute(bool names) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "session/session.h"
+#include "session/trace.h"
 #include "ui/report.h"
 #include "vat/totals.h"
 #include "vat/vat_table.h"
@@ -78,6 +79,10 @@ Register makeRegister(const RegisterKind& kind, std::vector<RegisterRow> rows, c
 RegisterRows readSalesRows(Session& session, const RowsAsked& asked);
 RegisterRows readPurchaseRows(Session& session, const RowsAsked& asked);
 RegisterRows readReceiptRows(Session& session, const RowsAsked& asked);
+
+// Each total with the rows that make it, and the sum of them all.
+Trace traceOf(std::shared_ptr<const Register> content);
+std::string tracedText(const RegisterRow& row);  // a row as traces name it
 
 struct RegisterPage {
   std::string registro, month, year;  // as the title line names them

@@ -10,12 +10,6 @@ namespace {
 
 using Steps = std::vector<TraceStep>;
 
-std::string textOf(const RegisterRow& row) {
-  std::string text = row.numero + "  " + row.datareg;
-  if (!row.ragsoc.empty()) text += "  " + common::cut(row.ragsoc, 30);
-  return text + "  " + common::toText(row.imponibile) + " al " + rateText(row.aliquota) + "%";
-}
-
 // The difference that takes the steps to `amount`, told under `why`; none when they make it already.
 void closeBy(Steps& steps, double amount, std::string_view why) {
   double sum = 0;
@@ -34,7 +28,7 @@ bool holds(std::span<const VatTotal> totals, int slot) {
 Steps rowSteps(const std::vector<RegisterRow>& rows, std::span<const VatTotal> totals, double amount) {
   Steps steps;
   for (const RegisterRow& row : rows)
-    if (holds(totals, row.slot)) steps.push_back({textOf(row), row.imposta});
+    if (holds(totals, row.slot)) steps.push_back({tracedText(row), row.imposta});
   closeBy(steps, amount, "Arrotondamento all'Euro");
   return steps;
 }

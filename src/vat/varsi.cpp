@@ -36,8 +36,7 @@ Varsi::Varsi(Session& session)
 }
 
 Layout Varsi::layout() const {
-  return column({periodo.layout(), row({saldo}), row({nuovo}), space(),
-                 buttons({registra, annulla})});
+  return column({periodo.layout(), row({saldo}), row({nuovo}), space(), buttons({registra, annulla})});
 }
 
 void Varsi::show() {
