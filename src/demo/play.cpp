@@ -6,6 +6,7 @@
 
 #include "app/units.h"
 #include "common/text.h"
+#include "demo/prints.h"
 #include "demo/script.h"
 #include "driver/driver.h"
 #include "session/text_file.h"

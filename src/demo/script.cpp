@@ -1,36 +1,16 @@
 #include "demo/script.h"
 
-#include <initializer_list>
-#include <nlohmann/json.hpp>
 #include <string_view>
 
 #include "common/amount.h"
 #include "common/text.h"
+#include "demo/commands.h"
+#include "demo/prints.h"
 
 namespace demo {
 namespace {
 
 constexpr std::size_t kFirstCode = 50;  // the last one that a new company has used
-
-class Script {
- public:
-  // A command with its words, each quoted so that blanks and accents pass.
-  void say(std::string_view command, std::initializer_list<std::string_view> words = {}) {
-    text_ += command;
-    for (const std::string_view word : words) text_ += " " + nlohmann::json(word).dump();
-    text_ += '\n';
-  }
-  void put(std::string_view archive, const std::string& key, const nlohmann::json& record) {
-    say("put", {archive, key});
-    text_.back() = ' ';
-    text_ += record.dump() + '\n';
-  }
-  void set(std::string_view control, std::string_view text) { say("set", {control, text}); }
-  std::string text() && { return std::move(text_); }
-
- private:
-  std::string text_;
-};
 
 void openCompany(Script& script, const Company& company) {
   script.say("start");
@@ -193,30 +173,7 @@ void registerMovements(Script& script, const Company& company) {
   }
 }
 
-// Where the prints go, one after the other.
-struct Prints {
-  explicit Prints(std::filesystem::path to) : folder(std::move(to)) {}
-  std::filesystem::path folder;
-  std::size_t count = 0;
-};
-
-void printRegister(Script& script, std::string_view unit, std::string_view registro, Prints& to) {
-  script.say("open", {unit});
-  script.say("check intestazione on");
-  script.say("pick", {"registro", registro});
-  for (const std::string_view month : {"Gennaio", "Febbraio", "Marzo"}) {
-    script.say("pick", {"mese", month});
-    script.say("press", {"ok"});
-    if (to.folder.empty()) continue;
-    script.say("report");
-    script.say("pdf 1", {(to.folder / pdfName(++to.count)).string()});
-  }
-  script.say("close");
-}
-
 }  // namespace
-
-std::string pdfName(std::size_t number) { return "stampa-" + std::to_string(number) + ".pdf"; }
 
 std::string scriptOf(const Company& company, const std::filesystem::path& prints) {
   Script script;
@@ -229,11 +186,7 @@ std::string scriptOf(const Company& company, const std::filesystem::path& prints
   registerDocuments(script, company.purchases, true);
   registerReceipts(script, company);
   registerMovements(script, company);
-  Prints to(prints);
-  printRegister(script, "STRIV", "1", to);
-  printRegister(script, "STRIA", "1", to);
-  printRegister(script, "STRIA", "2", to);
-  printRegister(script, "STRIC", "1", to);
+  printBooks(script, company, prints);
   script.say("verify");
   script.say("quit");
   return std::move(script).text();

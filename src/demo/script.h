@@ -10,12 +10,8 @@ namespace demo {
 
 // From an empty directory to the printed registers of the quarter: the company is opened, a VAT code, the
 // voices, the customers and the suppliers are entered; sales and purchases with their credit notes, receipts,
-// wages and payments into the bank registered; the registers previewed with the company's heading, and the
-// invariants verified by the last command but one. Each register is told by `report` and then written into
-// `prints` as a PDF file; neither, when that is empty.
+// wages and payments into the bank registered; the books printed into `prints` (demo/prints.h), and the
+// invariants verified by the last command but one.
 std::string scriptOf(const Company& company, const std::filesystem::path& prints);
-
-// Of the file that the PDF of the print of that number, from 1, is written into.
-std::string pdfName(std::size_t number);
 
 }  // namespace demo

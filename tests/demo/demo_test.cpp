@@ -100,7 +100,7 @@ TEST_CASE("the demo's registers agree to the cent with its rows, and its books a
   for (const std::string& fault : played.faults) FAIL_CHECK(fault);
   CHECK(played.invoices == 192);
   CHECK(played.receipts == 75);
-  REQUIRE(played.printed.size() == 24);
+  REQUIRE(played.printed.size() == 42);
 
   test::Station station(scratch.path() / "archivi", "31/03/2026");
   const demo::Company company = demo::drawCompany(7);
@@ -115,7 +115,7 @@ TEST_CASE("the demo's registers agree to the cent with its rows, and its books a
     CAPTURE(path.string());
     if (path.extension() == ".pdf")
       CHECK(wordsOf(path) == wordsOf(std::filesystem::path(path).replace_extension(".txt")));
-    else
+    else if (path.filename().string().starts_with("registro"))
       CHECK(printedTotal(path) == all[path.filename().string()]);
   }
   CHECK(total(sales) == drawn(company.invoices));

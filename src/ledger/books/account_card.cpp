@@ -66,13 +66,22 @@ void writeClosing(ui::Paged& out, const AccountCard& card, const BookMoney& mone
   out.bold(below + figure("            Saldo Finale: ", card.closing()));
 }
 
-void write(ui::Paged& out, const AccountCard& card, const BookMoney& money) {
+// Where a page breaks a card, the next one says whose rows go on, and from which balance.
+struct Broken {
+  const AccountCard* card = nullptr;
+  double saldo = 0;
+};
+
+std::string nameOf(const AccountCard& card) { return "Sottoconto: " + card.name + "  (" + card.code + ")"; }
+
+void write(ui::Paged& out, const AccountCard& card, const BookMoney& money, Broken& broken) {
   out.keep(8);
-  out.bold("Sottoconto: " + card.name + "  (" + card.code + ")");
+  out.bold(nameOf(card));
   for (const CardRow& row : card.rows) {
     out.keep(2);
     out.line(ui::line(kFirstLine, {row, money}));
     out.line(ui::line(kSecondLine, {row, money}));
+    broken = {&card, row.saldo};
   }
   out.keep(5);
   CardRow sums;
@@ -80,6 +89,7 @@ void write(ui::Paged& out, const AccountCard& card, const BookMoney& money) {
   sums.avere = card.periodAvere;
   out.line(ui::line(kPeriodLine, {sums, money}));
   writeClosing(out, card, money);
+  broken = {};
   out.rule();
 }
 
@@ -110,6 +120,7 @@ std::optional<AccountCard> readCard(Session& session, const std::string& code, c
 std::shared_ptr<const ui::Report> layOutCards(const std::vector<AccountCard>& cards, const CardsPage& page,
                                               ui::Setup setup) {
   auto report = std::make_shared<ui::Report>("Scheda contabile", ui::fitted(std::move(setup), kWidth));
+  Broken broken;
   ui::Paged out(*report, kWidth, [&](ui::Paged& head, int number) {
     head.centred(kTitle);
     head.line(page.company);
@@ -120,8 +131,11 @@ std::shared_ptr<const ui::Report> layOutCards(const std::vector<AccountCard>& ca
     head.bold(kHeading1);
     head.bold(kHeading2);
     head.rule();
+    if (!broken.card) return;
+    head.bold(common::fit(nameOf(*broken.card) + ", segue", kWidth - 15) +
+              common::fit(page.money.text(broken.saldo), 15, Align::right));
   });
-  for (const AccountCard& card : cards) write(out, card, page.money);
+  for (const AccountCard& card : cards) write(out, card, page.money, broken);
   return report;
 }
 

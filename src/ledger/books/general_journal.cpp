@@ -48,7 +48,7 @@ struct Printed {
 constexpr ui::Column<Printed> kFirstLine[] = {
     {"Numero", 1, 7, Align::left, [](const Printed& p) { return common::zeroFill(p.number, 7); }},
     {"Data reg.", 9, 10, Align::left, [](const Printed& p) { return dateOf(p.row.datareg); }},
-    {"N. e data doc.", 22, 17, Align::left, [](const Printed& p) { return documentOf(p.row); }},
+    {"N. e data doc.", 21, 17, Align::left, [](const Printed& p) { return documentOf(p.row); }},
     {"Prot.", 39, 6, Align::left, [](const Printed& p) { return protocolOf(p.row); }},
 };
 static_assert(ui::ordered(kFirstLine));
