@@ -35,10 +35,10 @@ void setCode(rec::pc& voice, std::string_view code) {
 }
 
 void setGroupKeys(rec::pc& voice) {
-  const bool party = voice.tipo == "c" || voice.tipo == "f";
+  const bool party = voice.tipo == "c" || voice.tipo == "f", agent = voice.tipo == "ag";
   const bool level = voice.tipo == "m" || voice.tipo == "cc";
   voice.chiavetipo = (level ? "x" : voice.tipo) + voice.ragsoc;
-  voice.chiavegruppo = (party ? "cf" : "ss") + voice.ragsoc;
+  voice.chiavegruppo = (party ? "cf" : agent ? "ag" : "ss") + voice.ragsoc;
 }
 
 std::string drawVoiceNumber(Session& session) {

@@ -17,7 +17,8 @@ inline constexpr std::string_view kAgentsConto = "00007";
 // number in `mastro` or `conto`; its parents stand there already.
 void setCode(rec::pc& voice, std::string_view code);
 
-// Fills `chiavetipo` and `chiavegruppo`, which every change of `ragsoc` must do. Not for agents.
+// Fills `chiavetipo` and `chiavegruppo`, which every change of `ragsoc` must do. Agents form a group of their
+// own, apart from suppliers and from the chart proper.
 void setGroupKeys(rec::pc& voice);
 
 // Draws the next number of a voice, five digits: locks `pr` "conto", adds 1, writes, flushes, unlocks. Empty

@@ -2,29 +2,31 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <utility>
 
 #include "archives/cpag.h"
 #include "common/amount.h"
 #include "common/date.h"
 #include "common/mask.h"
 #include "common/text.h"
+#include "parties/checks.h"
 #include "session/checks.h"
-#include "vat/vat_table.h"
 
 namespace tarvex {
 
 using namespace ui;
 
-namespace {
-
-constexpr int kPriceLists = 50;  // numbered from 0
-constexpr double kLastCashDiscount = 20, kCashDiscountStep = 0.5;
-
 void setItemsKeepingChoice(Choice& choice, std::vector<std::string> items) {
   const std::string chosen = choice.text();
   choice.setItems(std::move(items));
   choice.selectText(chosen);
+}
+
+void chooseKeeping(Choice& choice, const std::string& text) {
+  if (text.empty()) return choice.select(-1);
+  if (choice.selectText(text)) return;
+  choice.addItem(text);
+  choice.select(static_cast<int>(choice.items().size()) - 1);
 }
 
 void turnToCapitals(Field& field) {
@@ -34,23 +36,35 @@ void turnToCapitals(Field& field) {
   };
 }
 
-// The first entry is no discount; then 1, 1,5 and so on.
-double cashDiscountOf(int index) { return index <= 0 ? 0 : 1 + (index - 1) * kCashDiscountStep; }
+void optionalDate(Session& session, Field& field) {
+  field.onLeave = [&session, &field] {
+    std::string date = field.text();
+    return field.empty() || ValidateDate(session, date) ? Leave::go : Leave::stay;
+  };
+}
 
+std::string keyOf(const Field& date) { return date.empty() ? std::string() : common::DateToKey(date.text()); }
+
+std::string shownDate(std::string_view key) {
+  constexpr std::size_t whole = 8;
+  return key.size() == whole ? common::SlashDate(common::KeyToDate(key)) : std::string();
+}
+
+namespace {
+
+constexpr double kLastCashDiscount = 20, kCashDiscountStep = 0.5;
+
+std::string discountText(double discount) {
+  return common::format(discount == std::trunc(discount) ? "#0" : "#0.0#", discount);
+}
+
+// The first entry is no discount; then 1, 1,5 and so on.
 std::vector<std::string> cashDiscounts() {
   std::vector<std::string> items{"0"};
-  for (int index = 1; cashDiscountOf(index) <= kLastCashDiscount; ++index)
-    items.push_back(common::format(index % 2 ? "#0" : "#0.0", cashDiscountOf(index)));
+  for (double discount = 1; discount <= kLastCashDiscount; discount += kCashDiscountStep)
+    items.push_back(discountText(discount));
   return items;
 }
-
-std::int16_t truncated(const Field& field) {
-  using Limits = std::numeric_limits<std::int16_t>;
-  return static_cast<std::int16_t>(
-      std::clamp<double>(std::trunc(field.number()), Limits::min(), Limits::max()));
-}
-
-std::int16_t flag(const Check& check) { return check.on() ? 1 : 0; }
 
 }  // namespace
 
@@ -83,6 +97,22 @@ void IdentityPage::store(rec::pc& party) const {
   party.email = email.text();
 }
 
+void IdentityPage::show(const rec::pc& party) {
+  ragsoc.setText(party.ragsoc);
+  ragsoc2.setText(party.ragsoc2);
+  indirizzo.setText(party.indirizzo);
+  cap.setText(party.cap);
+  citta.setText(party.citta);
+  provincia.setText(party.provincia);
+  nazione.setText(party.nazione);
+  partitaiva.setText(party.partitaiva);
+  partitaivaestero.setText(party.partitaivaestero);
+  codicefiscale.setText(party.codicefiscale);
+  telefono.setText(party.telefono);
+  fax.setText(party.fax);
+  email.setText(party.email);
+}
+
 // --- Banca ---
 
 Layout BankPage::layout() const { return column({row({banca}), row({abi, cab})}); }
@@ -93,10 +123,19 @@ void BankPage::store(rec::pc& party) const {
   party.cab = cab.text();
 }
 
+void BankPage::show(const rec::pc& party) {
+  banca.setText(party.banca);
+  abi.setText(party.abi);
+  cab.setText(party.cab);
+}
+
 // --- Pagamento ---
 
-PaymentPage::PaymentPage(Session& of, Form& owner) : session(of), form(owner) {
-  scontocassa.setItems(cashDiscounts());
+PaymentPage::PaymentPage(Session& of, Form& owner, const PartyKind& kind) : session(of), form(owner) {
+  if (kind.isCustomer()) {
+    scontocassa = std::make_unique<Choice>(form, "scontocassa", "Sconto cassa", Choice::Look::combo);
+    scontocassa->setItems(cashDiscounts());
+  }
   pagamento.onDoubleClick = [this] { load(); };
 }
 
@@ -111,162 +150,60 @@ void PaymentPage::load() {
   setItemsKeepingChoice(pagamento, std::move(conditions));
 }
 
-Layout PaymentPage::layout() const { return column({row({pagamento}), row({scontocassa})}); }
+Layout PaymentPage::layout() const {
+  return scontocassa ? column({row({pagamento}), row({*scontocassa})}) : column({row({pagamento})});
+}
 
 void PaymentPage::store(rec::pc& party) const {
   party.pagamento = pagamento.text();
-  party.scontocassa = cashDiscountOf(scontocassa.index());
+  if (scontocassa) party.scontocassa = common::toNumber(scontocassa->text());
 }
 
-// --- Iva ---
-
-VatPage::VatPage(Session& of, Form& owner) : session(of), form(owner) {
-  esente.onChange = [this] { choose(esente); };
-  sospensione.onChange = [this] { choose(sospensione); };
-  ridotta.onChange = [this] { choose(ridotta); };
-  enableCodes();
-}
-
-void VatPage::load() {
-  const auto table = loadVatTable(session);
-  if (!table) return;
-  std::vector<std::string> exempt, taxed;
-  for (const rec::civa& slot : *table)
-    if (!slot.codice.empty()) (slot.aliquota == 0 ? exempt : taxed).push_back(slot.codice);
-  setItemsKeepingChoice(codiceEsente, std::move(exempt));
-  setItemsKeepingChoice(codiceRidotta, std::move(taxed));
-}
-
-void VatPage::choose(const Check& chosen) {
-  if (chosen.on())
-    for (Check* check : {&esente, &sospensione, &ridotta})
-      if (check != &chosen) check->set(false);
-  enableCodes();
-}
-
-void VatPage::enableCodes() {
-  codiceEsente.setEnabled(esente.on());
-  codiceRidotta.setEnabled(ridotta.on());
-  if (!esente.on()) codiceEsente.select(-1);
-  if (!ridotta.on()) codiceRidotta.select(-1);
-}
-
-Layout VatPage::layout() const {
-  return column({row({esente, codiceEsente}), row({sospensione}), row({ridotta, codiceRidotta})});
-}
-
-void VatPage::store(rec::pc& party) const {
-  party.esenteiva = flag(esente);
-  party.sospensioneiva = flag(sospensione);
-  party.ivaridotta = ridotta.on() ? 1.0 : 0.0;
-  party.codiceiva = esente.on() ? codiceEsente.text() : codiceRidotta.text();
-}
-
-// --- Sconti/Maggiorazioni ---
-
-Layout DiscountPage::layout() const {
-  return column({row({sconto1}), row({sconto2}), row({sconto3}), row({automatico})});
-}
-
-void DiscountPage::store(rec::pc& party) const {
-  party.sconto1 = truncated(sconto1);
-  party.sconto2 = truncated(sconto2);
-  party.sconto3 = truncated(sconto3);
-  party.scontoauto = flag(automatico);
+void PaymentPage::show(const rec::pc& party) {
+  chooseKeeping(pagamento, party.pagamento);
+  if (scontocassa)
+    chooseKeeping(*scontocassa, party.scontocassa == 0 ? std::string() : discountText(party.scontocassa));
 }
 
 // --- Statistiche ---
 
+StatisticsPage::StatisticsPage(Form& owner, const PartyKind& kind)
+    : form(owner),
+      tipocliente(form, "text20", kind.isCustomer() ? "Tipo cliente" : "Tipo fornitore", Mask::text(20)),
+      zona(kind.isCustomer() ? std::make_unique<Field>(form, "text21", "Zona", Mask::text(10)) : nullptr),
+      campolibero1(form, "text22", kind.isCustomer() ? "Campo libero 1" : "Campo libero", Mask::text(30)),
+      campolibero2(kind.isCustomer()
+                       ? std::make_unique<Field>(form, "text23", "Campo libero 2", Mask::text(30))
+                       : nullptr) {}
+
 Layout StatisticsPage::layout() const {
-  return column({row({tipocliente}), row({zona}), row({campolibero1}), row({campolibero2})});
+  if (!zona) return column({row({tipocliente}), row({campolibero1})});
+  return column({row({tipocliente}), row({*zona}), row({campolibero1}), row({*campolibero2})});
 }
 
 void StatisticsPage::store(rec::pc& party) const {
   party.tipocliente = common::trim(tipocliente.text());
-  party.zona = common::trim(zona.text());
   party.campolibero1 = common::trim(campolibero1.text());
-  party.campolibero2 = common::trim(campolibero2.text());
+  if (zona) party.zona = common::trim(zona->text());
+  if (campolibero2) party.campolibero2 = common::trim(campolibero2->text());
 }
 
-// --- Listino ---
-
-PriceListPage::PriceListPage(Form& owner) : form(owner) {
-  for (int number = 0; number <= kPriceLists; ++number) listino.addItem(std::to_string(number));
-}
-
-Layout PriceListPage::layout() const { return column({row({listino})}); }
-
-void PriceListPage::store(rec::pc& party) const {
-  party.listino = static_cast<std::int16_t>(std::max(listino.index(), 0));
-}
-
-// --- Agente ---
-
-AgentPage::AgentPage(Session& of, Form& owner, const Names& names)
-    : session(of),
-      form(owner),
-      agente(form, names.agent, "Agente", Choice::Look::combo),
-      provvigione(form, names.commission, "Provvigione:", Mask::amount(2, 6)),
-      tipoprovv(form, names.kind, {}, Choice::Look::options,
-                {"Senza provvigioni", "Legate al cliente", "Legate all'art. di magazzino"}) {
-  agente.onDoubleClick = [this] { load(); };
-  tipoprovv.select(0);
-}
-
-void AgentPage::load() {
-  std::vector<std::string> agents;
-  auto& pc = session.pc;
-  store::Code result = pc.search(7, "ag");
-  for (; result == store::kOk && pc.B.tipo == "ag"; result = pc.next(7)) agents.push_back(pc.B.ragsoc);
-  if (result != store::kOk && result != store::kNotFound)
-    session.CheckArchiveResult(store::Operation::read, pc.code, 4020);
-  std::sort(agents.begin(), agents.end(),
-            [](const std::string& a, const std::string& b) { return common::upper(a) < common::upper(b); });
-  setItemsKeepingChoice(agente, std::move(agents));
-}
-
-Layout AgentPage::layout() const { return column({row({agente}), row({provvigione}), row({tipoprovv})}); }
-
-bool AgentPage::readCode(std::string& code, int position) const {
-  code.clear();
-  if (agente.index() < 0) return true;
-  const store::Code result = session.pc.search(1, agente.text());
-  if (result == store::kOk) code = session.pc.primaryKey();
-  if (result == store::kOk || result == store::kNotFound) return true;
-  session.CheckArchiveResult(store::Operation::read, session.pc.code, position);
-  return false;
-}
-
-// --- Fatturazione ---
-
-InvoicingPage::InvoicingPage(Session& of, Form& owner) : session(of), form(owner) {
-  dataultfatt.onLeave = [this] {
-    std::string date = dataultfatt.text();
-    return dataultfatt.empty() || ValidateDate(session, date) ? Leave::go : Leave::stay;
-  };
-}
-
-Layout InvoicingPage::layout() const {
-  return column({row({addebitobollo}), row({dataultfatt, fatturatoprec}), row({saldoiniziale, fido})});
-}
-
-void InvoicingPage::store(rec::pc& party) const {
-  party.addebitobollo = flag(addebitobollo);
-  party.dataultfatt = dataultfatt.empty() ? std::string() : common::DateToKey(dataultfatt.text());
-  party.fatturatoprec = fatturatoprec.number();
-  party.saldoiniziale = party.saldo = saldoiniziale.number();
-  party.fido = fido.number();
+void StatisticsPage::show(const rec::pc& party) {
+  tipocliente.setText(party.tipocliente);
+  campolibero1.setText(party.campolibero1);
+  if (zona) zona->setText(party.zona);
+  if (campolibero2) campolibero2->setText(party.campolibero2);
 }
 
 // --- Destinazioni ---
 
 DestinationsPage::DestinationsPage(Form& owner) : form(owner) {
-  numero.onChange = [this] { show(); };
+  numero.onChange = [this] { showSlot(); };
   for (Field* field : {&nominativo, &indirizzo, &citta}) field->onChange = [this] { keep(); };
-  show();
+  showSlot();
 }
 
-void DestinationsPage::show() {
+void DestinationsPage::showSlot() {
   const auto slot = static_cast<std::size_t>(numero.value());
   contatore.setText(common::format("##", numero.value()));
   nominativo.setText(nominativi_[slot]);
@@ -294,70 +231,176 @@ void DestinationsPage::store(rec::pc& party) const {
 void DestinationsPage::clear() {
   nominativi_ = indirizzi_ = citta_ = {};
   numero.setValue(1);
-  show();
+  showSlot();
+}
+
+void DestinationsPage::show(const rec::pc& party) {
+  nominativi_ = party.destnominativo;
+  indirizzi_ = party.destindirizzo;
+  citta_ = party.destcitta;
+  numero.setValue(1);
+  showSlot();
 }
 
 // --- the card ---
 
-CustomerCard::CustomerCard(Session& session, Form& owner)
-    : form(owner),
-      schede(form, "schede",
-             {"Anagrafica", "Banca", "Pagamento", "Iva", "Sconti/Maggiorazioni", "Statistiche", "Listino",
-              "Agente 1°", "Agente 2°", "Fatturazione", "Note", "Destinazioni"}),
+namespace {
+
+const Words kCustomerPages{"Anagrafica",  "Banca",       "Pagamento", "Iva",       "Sconti/Maggiorazioni",
+                           "Statistiche", "Listino",     "Agente 1°", "Agente 2°", "Fatturazione",
+                           "Note",        "Destinazioni"};
+const Words kSupplierPages{"Anagrafica", "Banca",       "Pagamento", "Statistiche",
+                           "Listino",    "Contabilità", "Note",      "Destinazioni"};
+
+template <class Page, class... Arguments>
+std::unique_ptr<Page> pageOf(bool wanted, Arguments&&... arguments) {
+  return wanted ? std::make_unique<Page>(std::forward<Arguments>(arguments)...) : nullptr;
+}
+
+}  // namespace
+
+PartyCard::PartyCard(Session& of, Form& owner, const PartyKind& party)
+    : session(of),
+      form(owner),
+      kind(party),
+      schede(form, "schede", kind.isCustomer() ? kCustomerPages : kSupplierPages),
       anagrafica(form),
       banca(form),
-      pagamento(session, form),
-      iva(session, form),
-      sconti(form),
-      statistiche(form),
+      pagamento(session, form, kind),
+      iva(pageOf<VatPage>(kind.isCustomer(), session, form)),
+      sconti(pageOf<DiscountPage>(kind.isCustomer(), form)),
+      statistiche(form, kind),
       listino(form),
-      agente1(session, form, {"agente1", "text24", "tipoprovv1"}),
-      agente2(session, form, {"agente2", "text25", "tipoprovv2"}),
-      fatturazione(session, form),
+      agente1(pageOf<AgentPage>(kind.isCustomer(), session, form,
+                                AgentPage::Names{"agente1", "text24", "tipoprovv1"})),
+      agente2(pageOf<AgentPage>(kind.isCustomer(), session, form,
+                                AgentPage::Names{"agente2", "text25", "tipoprovv2"})),
+      fatturazione(pageOf<InvoicingPage>(kind.isCustomer(), session, form)),
+      contabilita(pageOf<SupplierPage>(!kind.isCustomer(), session, form)),
       note(form, "note", "Note", Memo::Look::rich),
       destinazioni(form) {}
 
-void CustomerCard::load() {
+void PartyCard::load() {
   pagamento.load();
-  iva.load();
-  agente1.load();
-  agente2.load();
+  if (iva) iva->load();
+  for (AgentPage* agent : {agente1.get(), agente2.get()})
+    if (agent) agent->load();
 }
 
-Layout CustomerCard::layout() const {
-  return tabs(schede, {anagrafica.layout(), banca.layout(), pagamento.layout(), iva.layout(), sconti.layout(),
-                       statistiche.layout(), listino.layout(), agente1.layout(), agente2.layout(),
-                       fatturazione.layout(), column({note}), destinazioni.layout()});
+Layout PartyCard::layout() const {
+  if (!kind.isCustomer())
+    return tabs(schede, {anagrafica.layout(), banca.layout(), pagamento.layout(), statistiche.layout(),
+                         listino.layout(), contabilita->layout(), column({note}), destinazioni.layout()});
+  return tabs(schede, {anagrafica.layout(), banca.layout(), pagamento.layout(), iva->layout(),
+                       sconti->layout(), statistiche.layout(), listino.layout(), agente1->layout(),
+                       agente2->layout(), fatturazione->layout(), column({note}), destinazioni.layout()});
 }
 
-bool CustomerCard::store(rec::pc& customer) const {
-  anagrafica.store(customer);
-  banca.store(customer);
-  pagamento.store(customer);
-  iva.store(customer);
-  sconti.store(customer);
-  statistiche.store(customer);
-  listino.store(customer);
-  customer.provvigione1 = agente1.provvigione.number();
-  customer.tipoprovv1 = agente1.kind();
-  customer.provvigione2 = agente2.provvigione.number();
-  customer.tipoprovv2 = agente2.kind();
-  fatturazione.store(customer);
-  customer.note = note.text();
-  destinazioni.store(customer);
-  return agente1.readCode(customer.agente1, 4021) && agente2.readCode(customer.agente2, 4022);
+bool PartyCard::store(rec::pc& party) const {
+  anagrafica.store(party);
+  banca.store(party);
+  pagamento.store(party);
+  if (iva) iva->store(party);
+  if (sconti) sconti->store(party);
+  statistiche.store(party);
+  listino.store(party);
+  if (fatturazione) fatturazione->store(party);
+  if (contabilita) contabilita->store(party);
+  party.saldo = party.saldoiniziale + party.dare - party.avere;
+  party.note = note.text();
+  destinazioni.store(party);
+  return storeAgents(party);
 }
 
-void CustomerCard::clear() {
-  for (Control* control : form.controls()) {
+bool PartyCard::storeAgents(rec::pc& party) const {
+  if (!agente1) return true;
+  party.provvigione1 = agente1->provvigione.number();
+  party.tipoprovv1 = agente1->kind();
+  party.provvigione2 = agente2->provvigione.number();
+  party.tipoprovv2 = agente2->kind();
+  return agente1->readCode(party.agente1, 4021) && agente2->readCode(party.agente2, 4022);
+}
+
+// `party` may be session.pc.B itself, which reading the agents overwrites: they come last.
+void PartyCard::show(const rec::pc& party) {
+  anagrafica.show(party);
+  banca.show(party);
+  pagamento.show(party);
+  if (iva) iva->show(party);
+  if (sconti) sconti->show(party);
+  statistiche.show(party);
+  listino.show(party);
+  if (fatturazione) fatturazione->show(party);
+  if (contabilita) contabilita->show(party);
+  note.setText(party.note);
+  knownVatNumber_ = party.partitaiva;
+  destinazioni.show(party);
+  if (agente1) showAgents(party);
+}
+
+void PartyCard::showAgents(const rec::pc& party) {
+  const std::string second = party.agente2;
+  const double commission = party.provvigione2;
+  const std::int16_t type = party.tipoprovv2;
+  agente1->show(party.agente1, party.provvigione1, party.tipoprovv1, 4023);
+  agente2->show(second, commission, type, 4024);
+}
+
+std::vector<Control*> PartyCard::controls() const {
+  const auto& all = form.controls();
+  const auto first = std::find(all.begin(), all.end(), &schede);
+  const auto last = std::find(all.begin(), all.end(), &destinazioni.citta);
+  return {first + 1, last + 1};
+}
+
+void PartyCard::clear() {
+  for (Control* control : controls()) {
     if (auto* field = dynamic_cast<Field*>(control)) field->clear();
     if (auto* check = dynamic_cast<Check*>(control)) check->set(false);
     if (auto* choice = dynamic_cast<Choice*>(control))
       choice->select(choice->look() == Choice::Look::options ? 0 : -1);
   }
-  iva.enableCodes();
+  if (iva) iva->enableCodes();
   note.clear();
+  knownVatNumber_.clear();
   destinazioni.clear();
 }
+
+// --- its checks ---
+
+void PartyCard::checkWhileTyping() {
+  anagrafica.partitaiva.onLeave = [this] {
+    const std::string number = anagrafica.partitaiva.text();
+    if (number.empty()) return Leave::go;
+    if (number != knownVatNumber_) warnOfSameVatNumber(session, number, kind);
+    return ValidateVatNumber(session, number) ? Leave::go : Leave::stay;
+  };
+  anagrafica.email.onLeave = [this] {
+    const std::string& address = anagrafica.email.text();
+    if (!address.empty() && !emailIsRight(address)) form.desk().warn("L'e-mail non è corretta");
+    return Leave::go;
+  };
+}
+
+bool PartyCard::hasName() {
+  if (!name().empty()) return true;
+  form.desk().refuse("Non è stata inserita la ragione sociale", anagrafica.ragsoc);
+  return false;
+}
+
+bool PartyCard::hasVatCodes() {
+  if (!iva) return true;
+  if (iva->esente.on() && iva->codiceEsente.text().empty()) {
+    form.desk().refuse("Non è stato inserito il codice di esenzione iva", iva->codiceEsente);
+    return false;
+  }
+  if (iva->ridotta.on() && iva->codiceRidotta.text().empty()) {
+    form.desk().refuse("Non è stato inserito il codice iva ridotta", iva->codiceRidotta);
+    return false;
+  }
+  return true;
+}
+
+std::string PartyCard::name() const { return common::trim(anagrafica.ragsoc.text()); }
 
 }  // namespace tarvex

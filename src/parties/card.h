@@ -1,22 +1,26 @@
-// The card of a customer: its pages of tabs, each with what it stores. The screens that register, change and
-// show customers and suppliers are put together from these pages.
+// The card of a customer, supplier or agent: its pages of tabs, each with what it shows of a record and what
+// it stores. The screens that register and change parties are put together from these pages.
 #pragma once
 
 #include <array>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "parties/party.h"
 #include "session/session.h"
 #include "ui/form.h"
 
 namespace tarvex {
 
-// Each page belongs to `form`; store() puts what stands on the screen into a record of `pc`.
+// Each page belongs to `form`. store() puts what stands on the screen into a record of `pc` and leaves the
+// fields without a control as they are; show() is its counterpart.
 
 struct IdentityPage {
   explicit IdentityPage(ui::Form& owner);
   ui::Layout layout() const;
   void store(rec::pc& party) const;
+  void show(const rec::pc& party);
 
   ui::Form& form;
   ui::Field ragsoc{form, "text1", "Ragione sociale", ui::Mask::text(30)};
@@ -38,6 +42,7 @@ struct BankPage {
   explicit BankPage(ui::Form& owner) : form(owner) {}
   ui::Layout layout() const;
   void store(rec::pc& party) const;
+  void show(const rec::pc& party);
 
   ui::Form& form;
   ui::Field banca{form, "text14", "Banca", ui::Mask::text(40)};
@@ -46,15 +51,16 @@ struct BankPage {
 };
 
 struct PaymentPage {
-  PaymentPage(Session& of, ui::Form& owner);
+  PaymentPage(Session& of, ui::Form& owner, const PartyKind& kind);
   void load();  // the payment conditions in key order; the one chosen stays
   ui::Layout layout() const;
   void store(rec::pc& party) const;
+  void show(const rec::pc& party);
 
   Session& session;
   ui::Form& form;
   ui::Choice pagamento{form, "pagamento", "Condizioni di pagamento", ui::Choice::Look::combo};
-  ui::Choice scontocassa{form, "scontocassa", "Sconto cassa", ui::Choice::Look::combo};
+  std::unique_ptr<ui::Choice> scontocassa;  // of customers
 };
 
 // The three flags exclude each other; a list of codes is enabled with its flag alone.
@@ -63,6 +69,7 @@ struct VatPage {
   void load();
   ui::Layout layout() const;
   void store(rec::pc& party) const;
+  void show(const rec::pc& party);
   void enableCodes();
 
   Session& session;
@@ -81,6 +88,7 @@ struct DiscountPage {
   explicit DiscountPage(ui::Form& owner) : form(owner) {}
   ui::Layout layout() const;
   void store(rec::pc& party) const;
+  void show(const rec::pc& party);
 
   ui::Form& form;
   ui::Field sconto1{form, "text17", "Prima percentuale", ui::Mask::amount(2, 7)};
@@ -90,21 +98,23 @@ struct DiscountPage {
 };
 
 struct StatisticsPage {
-  explicit StatisticsPage(ui::Form& owner) : form(owner) {}
+  StatisticsPage(ui::Form& owner, const PartyKind& kind);
   ui::Layout layout() const;
   void store(rec::pc& party) const;
+  void show(const rec::pc& party);
 
   ui::Form& form;
-  ui::Field tipocliente{form, "text20", "Tipo cliente", ui::Mask::text(20)};
-  ui::Field zona{form, "text21", "Zona", ui::Mask::text(10)};
-  ui::Field campolibero1{form, "text22", "Campo libero 1", ui::Mask::text(30)};
-  ui::Field campolibero2{form, "text23", "Campo libero 2", ui::Mask::text(30)};
+  ui::Field tipocliente;
+  std::unique_ptr<ui::Field> zona;  // of customers, like the second free field
+  ui::Field campolibero1;
+  std::unique_ptr<ui::Field> campolibero2;
 };
 
 struct PriceListPage {
   explicit PriceListPage(ui::Form& owner);
   ui::Layout layout() const;
   void store(rec::pc& party) const;
+  void show(const rec::pc& party);
 
   ui::Form& form;
   ui::Choice listino{form, "listino", "Listino prezzi", ui::Choice::Look::combo};
@@ -120,6 +130,8 @@ struct AgentPage {
   // The code of the agent chosen, read by the name; empty when there is none. False when the read failed,
   // which has been reported with `position`.
   bool readCode(std::string& code, int position) const;
+  // The agent's name is read by its code; a failure is reported with `position`.
+  void show(const std::string& code, double commission, std::int16_t kind, int position);
   std::int16_t kind() const { return static_cast<std::int16_t>(tipoprovv.index()); }
 
   Session& session;
@@ -127,14 +139,17 @@ struct AgentPage {
   ui::Choice agente;
   ui::Field provvigione;
   ui::Choice tipoprovv;
+
+ private:
+  std::string code_;  // shown in place of a name
 };
 
 struct InvoicingPage {
   InvoicingPage(Session& of, ui::Form& owner);
   ui::Layout layout() const;
   void store(rec::pc& party) const;
+  void show(const rec::pc& party);
 
-  Session& session;
   ui::Form& form;
   ui::Check addebitobollo{form, "Check5", "Addebito spese bollo"};
   ui::Field dataultfatt{form, "text26", "Data ultima fattura:", ui::Mask::pattern("__/__/____")};
@@ -143,11 +158,26 @@ struct InvoicingPage {
   ui::Field fido{form, "text29", "Fido", ui::Mask::amount()};
 };
 
+// What suppliers and agents have instead of it.
+struct SupplierPage {
+  SupplierPage(Session& of, ui::Form& owner);
+  ui::Layout layout() const;
+  void store(rec::pc& party) const;
+  void show(const rec::pc& party);
+
+  ui::Form& form;
+  ui::Field saldoiniziale{form, "text28", "Saldo iniziale", ui::Mask::amount()};
+  ui::Field datanascita{form, "text33", "Data di nascita", ui::Mask::pattern("__/__/____")};
+  ui::Field comunenascita{form, "text35", "Comune di nascita", ui::Mask::text(30)};
+  ui::Field provnascita{form, "text34", "Prov.", ui::Mask::text(2)};
+};
+
 // The slots 1 to 30 pass by one at a time; what is typed is kept here until the card is stored.
 struct DestinationsPage {
   explicit DestinationsPage(ui::Form& owner);
   ui::Layout layout() const;
   void store(rec::pc& party) const;
+  void show(const rec::pc& party);
   void clear();
 
   ui::Form& form;
@@ -158,34 +188,62 @@ struct DestinationsPage {
   ui::Field citta{form, "text32", "Città", ui::Mask::text(40)};
 
  private:
-  void show();
+  void showSlot();
   void keep();
   using Slots = decltype(rec::pc::destnominativo);  // slot 0 stays empty
   Slots nominativi_, indirizzi_, citta_;
 };
 
-struct CustomerCard {
-  CustomerCard(Session& session, ui::Form& form);
+struct PartyCard {
+  PartyCard(Session& session, ui::Form& form, const PartyKind& kind);
   void load();  // fills the lists
   ui::Layout layout() const;
-  // The fields of the screen, `saldo` as the initial one. False when an agent could not be read, which has
-  // been reported.
-  bool store(rec::pc& customer) const;
+  // The fields of the screen; `saldo` as the initial one and the movements that stand in the record. False
+  // when an agent could not be read, which has been reported.
+  bool store(rec::pc& party) const;
+  // What a list does not offer any longer, as a condition since deleted, is added to it, so that storing the
+  // card does not lose it. Reads session.pc for the names of the agents.
+  void show(const rec::pc& party);
   void clear();
 
+  void checkWhileTyping();  // the VAT number and the e-mail, on leaving them
+
+  // The refusals of saving, in their order.
+  bool hasName();
+  bool hasVatCodes();
+  std::string name() const;  // trimmed: a blank at its end would hide a double
+
+  Session& session;
   ui::Form& form;
+  const PartyKind& kind;
   ui::Tabs schede;
   IdentityPage anagrafica;
   BankPage banca;
   PaymentPage pagamento;
-  VatPage iva;
-  DiscountPage sconti;
+  std::unique_ptr<VatPage> iva;  // null where the kind has no such page
+  std::unique_ptr<DiscountPage> sconti;
   StatisticsPage statistiche;
   PriceListPage listino;
-  AgentPage agente1, agente2;
-  InvoicingPage fatturazione;
+  std::unique_ptr<AgentPage> agente1, agente2;
+  std::unique_ptr<InvoicingPage> fatturazione;
+  std::unique_ptr<SupplierPage> contabilita;
   ui::Memo note;
   DestinationsPage destinazioni;
+
+ private:
+  bool storeAgents(rec::pc& party) const;
+  void showAgents(const rec::pc& party);
+  std::vector<ui::Control*> controls() const;  // of the card alone
+  std::string knownVatNumber_;                 // of the record shown: another one of it is no news
 };
+
+// A choice of `text` in a list: added behind the others where the list does not offer it; empty: none.
+void chooseKeeping(ui::Choice& choice, const std::string& text);
+void setItemsKeepingChoice(ui::Choice& choice, std::vector<std::string> items);
+
+void turnToCapitals(ui::Field& field);                  // on leaving it
+void optionalDate(Session& session, ui::Field& field);  // blank, or right
+std::string keyOf(const ui::Field& date);               // yyyymmdd; empty for a blank one
+std::string shownDate(std::string_view key);            // dd/mm/yyyy; empty for what is no date
 
 }  // namespace tarvex

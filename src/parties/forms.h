@@ -9,5 +9,12 @@
 namespace tarvex {
 
 std::unique_ptr<ui::Form> makeRCLIENTE(Session& session);  // RCLIENTE, "Registrazione cliente"
+std::unique_ptr<ui::Form> makeRCLIENT3(Session& session);  // RCLIENT3, the same as a step of another screen
+std::unique_ptr<ui::Form> makeRFORN(
+    Session& session);  // RFORN, "Registrazione scheda fornitore", "... agente"
+std::unique_ptr<ui::Form> makeRFORN3(Session& session);  // RFORN3, the same as a step of another screen
+std::unique_ptr<ui::Form> makeVARCLI(Session& session);  // VARCLI, "Variazione scheda cliente"
+std::unique_ptr<ui::Form> makeVARFORN(
+    Session& session);  // VARFORN, "Variazione scheda fornitore", "... agente"
 
 }  // namespace tarvex

@@ -17,9 +17,9 @@ using store::Operation;
 using ui::Ask;
 using ui::Icon;
 
-ui::Form* formNamed(ui::Desk& desk, std::string_view name) {
+ui::Form* formNamed(ui::Desk& desk, std::string_view name, std::string_view mode = {}) {
   for (ui::Form* form : desk.forms())
-    if (form->name() == name) return form;
+    if (form->name() == name && form->mode() == mode) return form;
   return nullptr;
 }
 
@@ -120,14 +120,13 @@ Chosen Frame::open(const MenuEntry& entry) {
   // Until a company is chosen only SCELTA is usable.
   if (!session_.isCompanyOpen() || formNamed(session_.desk(), "SCELTA")) return Chosen::refused;
   if (!passesWindowRule(entry.guard)) return Chosen::refused;
-  session_.AgentMode = entry.mode == "agente" ? 1 : 0;
   if (entry.unit == "SCELTA") {
     changeCompany();
   } else if (entry.unit == "APRIAZ" || entry.unit == "cancella") {
     session_.run(entry.unit);  // it changes the company under every form that would be opened beside it
     chooseCompany();           // cancella may have removed the one that was open
   } else {
-    session_.open(entry.unit);
+    session_.open(entry.unit, entry.mode);
   }
   return Chosen::done;
 }
@@ -136,7 +135,7 @@ Chosen Frame::openUnit(std::string_view unit, std::string_view mode) {
   const MenuEntry* entry = findMenuOfUnit(unit, mode);
   if (!entry) return Chosen::unknown;
   ui::Desk& desk = session_.desk();
-  if (ui::Form* standing = formNamed(desk, unit)) {
+  if (ui::Form* standing = formNamed(desk, unit, entry->mode)) {
     desk.bringToFront(*standing);
     return Chosen::done;
   }

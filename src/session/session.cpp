@@ -67,14 +67,21 @@ std::unique_ptr<ui::Form> Session::make(std::string_view unit) {
   throw std::logic_error("no unit of the program: " + std::string(unit));
 }
 
-void Session::open(std::string_view unit) {
-  for (ui::Form* form : desk_.forms())
-    if (form->name() == unit) return desk_.bringToFront(*form);
-  desk_.open(make(unit));
+std::unique_ptr<ui::Form> Session::make(std::string_view unit, std::string_view mode) {
+  AgentMode = mode == "agente" ? 1 : 0;
+  std::unique_ptr<ui::Form> form = make(unit);
+  form->setMode(mode);
+  return form;
 }
 
-void Session::run(std::string_view unit) {
-  const std::unique_ptr<ui::Form> form = make(unit);
+void Session::open(std::string_view unit, std::string_view mode) {
+  for (ui::Form* form : desk_.forms())
+    if (form->name() == unit && form->mode() == mode) return desk_.bringToFront(*form);
+  desk_.open(make(unit, mode));
+}
+
+void Session::run(std::string_view unit, std::string_view mode) {
+  const std::unique_ptr<ui::Form> form = make(unit, mode);
   desk_.run(*form);
 }
 

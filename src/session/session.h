@@ -72,7 +72,7 @@ class Session {
   std::array<std::string, 13> MonthNames;  // 1 to 12
   double EuroRate = 0;
   bool ExitBackupRequested = false;
-  int AgentMode = 0;               // 1: the supplier screens serve agents
+  int AgentMode = 0;               // 1: the supplier screens made next serve agents
   std::string LastRegisteredName;  // what RCLIENT3 and RFORN3 hand back
   std::string EntryToRevise;       // number of the journal's entry, for the revision form opened next
   std::string VoiceToShow;         // code of the voice whose card visched1 opens on
@@ -111,16 +111,18 @@ class Session {
   // --- units ---
   bool knows(std::string_view unit) const;
   std::unique_ptr<ui::Form> make(std::string_view unit);  // the unit must be known
-  // Opens a unit's form beside the others; one that stands open comes to the front.
-  void open(std::string_view unit);
+  // Opens a unit's form beside the others; one that stands open in that mode comes to the front. `mode` as
+  // the menu has it: "agente" for the supplier screens that serve agents, which sets AgentMode.
+  void open(std::string_view unit, std::string_view mode = {});
   // Runs a unit's form as a modal step; returns when it has closed.
-  void run(std::string_view unit);
+  void run(std::string_view unit, std::string_view mode = {});
 
   // How a store of this station reports and waits: for one that lives for a single operation.
   store::StoreOptions storeOptions();
 
  private:
   void showFailure(const store::ArchiveFailure& failure);
+  std::unique_ptr<ui::Form> make(std::string_view unit, std::string_view mode);
 };
 
 // Opens an archive for one operation and closes it on every path, both reported with the archive's code and

@@ -39,6 +39,8 @@ class Form {
   Desk& desk() const { return desk_; }
   const std::string& name() const { return name_; }
   const std::string& title() const { return title_; }
+  const std::string& mode() const { return mode_; }  // tells forms of one name apart; empty: the usual one
+  void setMode(std::string_view mode) { mode_ = mode; }
   const std::vector<Control*>& controls() const { return controls_; }
   Control* focused() const { return focused_; }
   bool isOpen() const { return open_; }
@@ -74,7 +76,7 @@ class Form {
   void findPages(const Layout& layout, std::vector<Page>& around) const;
 
   Desk& desk_;
-  std::string name_, title_;
+  std::string name_, title_, mode_;
   std::vector<Control*> controls_;
   std::vector<KeyAction> keys_;
   mutable std::unique_ptr<const Layout> arranged_;

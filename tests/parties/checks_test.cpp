@@ -34,11 +34,11 @@ TEST_CASE("a VAT number is compared with the first two voices that bear it") {
     books.add("c", "Vicino");  // the next key of the index
     books.session.pc.A.partitaiva = "12345678904";
     books.session.pc.put(books.lastCode(), store::Put::rewrite);
-    warnOfSameVatNumber(books.session, number, {"c", "cliente"});
+    warnOfSameVatNumber(books.session, number, kCustomer);
     CHECK(books.desk.boxes == std::vector<std::string>(static_cast<std::size_t>(row.customers), customer));
     CHECK(books.desk.beeps == row.customers);
     books.desk.boxes.clear();
-    warnOfSameVatNumber(books.session, number, {"f", "fornitore"});
+    warnOfSameVatNumber(books.session, number, kSupplier);
     CHECK(books.desk.boxes == std::vector<std::string>(static_cast<std::size_t>(row.suppliers), supplier));
   }
 }
