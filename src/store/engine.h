@@ -36,6 +36,12 @@ class RowBatch {
   std::size_t used_ = 0;
 };
 
+// What a repair has found.
+struct Salvage {
+  std::size_t kept = 0;
+  std::vector<std::string> lost;  // primary keys that an index names and no whole record bears
+};
+
 enum class Way { forward, backward };
 
 // Where a scan stands on one index.
@@ -95,6 +101,17 @@ class Engine {
   virtual Code kill(const std::string& stem) = 0;  // kSystem when nothing of it is there
   virtual bool exists(const std::string& stem) const = 0;
   virtual Code open(const std::string& stem, std::unique_ptr<Table>& table) = 0;  // kSystem: not there
+
+  // Maintenance, as RecordStore tells it, but for the group log. This station has no table of the archive
+  // open. checkJournal: whether what a station has left in the journal is whole; to be asked before anybody
+  // opens the archive, which keeps of it only what stands before the first damage. validate: the rest.
+  virtual Code checkJournal(const std::string& stem) = 0;
+  virtual Code validate(const std::string& stem, const std::optional<Shape>& shape,
+                        const Progress& progress) = 0;
+  virtual Code rebuild(const std::string& stem, const Progress& progress) = 0;
+  // Keeps uuid and mark where they can be read.
+  virtual Code repair(const std::string& stem, const std::optional<Shape>& shape, Salvage& salvage,
+                      const Progress& progress) = 0;
 };
 
 // `onWait` is called while another station's write is waited for: after 300 ms, then every 100 ms. `share` as

@@ -72,6 +72,18 @@ const Format& RecordStore::formatOf(Handle handle) const {
 
 Code RecordStore::settle() { return LastArchiveResult = impl_->settleAll(); }
 
+Code RecordStore::VTVal(const std::string& stem, const Progress& progress) {
+  return LastArchiveResult = impl_->validate(stem, progress);
+}
+
+Code RecordStore::VTRebuild(const std::string& stem, const Progress& progress) {
+  return LastArchiveResult = impl_->rebuild(stem, progress);
+}
+
+Code RecordStore::VTRepair(const std::string& stem, std::string& report, const Progress& progress) {
+  return LastArchiveResult = impl_->repair(stem, report, progress);
+}
+
 void RecordStore::CheckArchiveResult(Operation operation, int archive, int position) {
   impl_->check(LastArchiveResult, operation, archive, position);
 }

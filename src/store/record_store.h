@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,6 +47,16 @@ struct ArchiveFailure {
   std::string logLine;     // for the archive log
 };
 
+// What an archive is by its catalogue.
+struct Shape {
+  int keyLength = 0;
+  std::string format;
+  bool operator==(const Shape&) const = default;
+};
+
+// Told during long work how much of it is done, 0 to 1, some times a second.
+using Progress = std::function<void(double part)>;
+
 struct StoreOptions {
   // The directory is shared by stations on several machines: its files are kept in a way that needs no memory
   // in common, and are open to the group of the users.
@@ -53,6 +64,9 @@ struct StoreOptions {
   // The name of the group log (without directory) that guards an archive, from the archive's name
   // without directory: "2003ABmc" -> "AB--.grp", "civa" -> "--.grp".
   std::function<std::string(std::string_view archive)> logOf;
+  // What the archive of that name ought to be; nothing for a name that is no archive's. Without it an archive
+  // is taken for what its own files say.
+  std::function<std::optional<Shape>(std::string_view archive)> shapeOf;
   // Called by CheckArchiveResult with a failure to be shown and logged.
   std::function<void(const ArchiveFailure&)> onFailure;
   // Called while VmxLock or a commit waits for another station: first after 300 ms, then every 100 ms.
@@ -109,6 +123,23 @@ class RecordStore {
 
   // Writes off what is in the group logs and empties them (idle time, exit, before files are copied).
   Code settle();
+
+  // Maintenance of an archive that this station has not open. First the groups left in the log are brought
+  // to their archives, and what the journal holds is written back.
+  //
+  // VTVal: kOk when the archive is sound: three files, a descriptor that agrees with the database, every
+  // record whole under its checksum, every index in order and with an entry for each record and no other.
+  // kSystem: a file is missing; kDisk: damage. Other stations may go on.
+  Code VTVal(const std::string& stem, const Progress& progress = {});
+  // VTRebuild: the keys computed anew from the records, the indexes from the keys, in new files that take the
+  // place of the old in one step. A record that is not whole: kDisk, and nothing is changed.
+  Code VTRebuild(const std::string& stem, const Progress& progress = {});
+  // VTRepair: a new archive in the place of the old with every record whose bytes are whole, wherever they
+  // stand, and no other. `report` has a line "Grp=<records kept>" and one "Perso=<key>" for each record that
+  // the indexes name and that is lost. kSystem when none of the three files is there.
+  // Rebuild and repair answer kSystem, with nothing changed, while another station has the archive open;
+  // those that would open it meanwhile wait.
+  Code VTRepair(const std::string& stem, std::string& report, const Progress& progress = {});
 
   Code LastArchiveResult = kOk;
 

@@ -73,6 +73,13 @@ struct RecordStore::Impl {
   Code stand(Handle handle, int index, void (Cursor::*where)());  // toStart, toEnd
   void check(Code code, Operation operation, int archive, int position);
 
+  // Maintenance. (maintenance.cpp)
+  Code validate(const std::string& stem, const Progress& progress);
+  Code rebuild(const std::string& stem, const Progress& progress);
+  Code repair(const std::string& stem, std::string& report, const Progress& progress);
+  Code letGo(const std::string& stem, Member*& member);
+  std::optional<Shape> shapeOf(const std::string& stem) const;
+
   Company& companyOf(const std::string& logPath);
   Member& memberOf(const std::string& stem);
   Code connect(Member& member);

@@ -1,4 +1,4 @@
-#include "store/engine.h"
+#include "store/embedded/engine.h"
 
 #include <sqlite3.h>
 #include <unistd.h>
@@ -18,37 +18,35 @@
 #include "store/locks.h"
 
 namespace store {
+namespace embedded {
 namespace {
 
-using namespace embedded;
+// The large archives that every screen and report scans deserve more memory.
+int cacheKilobytes(std::string_view stem) {
+  for (const std::string_view large : {"mc", "pc", "mm"})
+    if (stem.ends_with(large)) return 64'000;
+  return 8'000;
+}
 
-// On the descriptor. MAKE is the mutex of whoever makes the archive or changes its journal; USE is shared by
-// all that have the archive open, so that the journal is changed with nobody there.
-constexpr std::uint64_t kMakeByte = (1ULL << 62) + 3, kUseByte = (1ULL << 62) + 4;
-constexpr std::int64_t kMostWaitMicroseconds = 60'000'000;
+}  // namespace
 
-struct BusyWait {
-  std::function<void()> onWait;
-  std::int64_t waited = 0, nextCall = 0;
-
-  void start() {
+// Another station's transaction lasts some 0.1 ms: it is asked again soon, and for long.
+bool BusyWait::once(int attempt) {
+  constexpr std::int64_t kMostMicroseconds = 60'000'000;
+  if (attempt == 0) {
     waited = 0;
     nextCall = 300'000;
   }
-  // Another station's transaction lasts some 0.1 ms: it is asked again soon, and for long.
-  bool once(int attempt) {
-    if (attempt == 0) start();
-    if (waited > kMostWaitMicroseconds) return false;
-    const std::int64_t nap = std::min<std::int64_t>(20LL << std::min(attempt, 5), 500);
-    std::this_thread::sleep_for(std::chrono::microseconds(nap));
-    waited += nap;
-    if (waited >= nextCall) {
-      nextCall += 100'000;
-      if (onWait) onWait();
-    }
-    return true;
+  if (waited > kMostMicroseconds) return false;
+  const std::int64_t nap = std::min<std::int64_t>(20LL << std::min(attempt, 5), 500);
+  std::this_thread::sleep_for(std::chrono::microseconds(nap));
+  waited += nap;
+  if (waited >= nextCall) {
+    nextCall += 100'000;
+    if (onWait) onWait();
   }
-};
+  return true;
+}
 
 std::string newUuid() {
   std::random_device random;
@@ -58,42 +56,6 @@ std::string newUuid() {
     for (unsigned bits = random(), digit = 0; digit < 8; ++digit, bits >>= 4) uuid += kDigits[bits & 15];
   return uuid;
 }
-
-// The large archives that every screen and report scans deserve more memory.
-int cacheKilobytes(std::string_view stem) {
-  for (const std::string_view large : {"mc", "pc", "mm"})
-    if (stem.ends_with(large)) return 64'000;
-  return 8'000;
-}
-
-class EmbeddedEngine final : public Engine {
- public:
-  EmbeddedEngine(std::function<void()> onWait, bool share) : share_(share) {
-    wait_.onWait = std::move(onWait);
-  }
-
-  Code create(const std::string& stem, int keyLength, const std::string& format) override;
-  Code copy(const std::string& from, const std::string& to) override;
-  Code kill(const std::string& stem) override { return Family(stem).remove(); }
-  bool exists(const std::string& stem) const override { return Family(stem).isWhole(); }
-  Code open(const std::string& stem, std::unique_ptr<Table>& table) override;
-
- private:
-  Code connect(const Family& family, Journal journal, Connection& connection);
-  template <class Fill>
-  Code make(const Family& family, const Descriptor& descriptor, const Fill& fill);
-  Code fill(const Family& family, const Descriptor& descriptor);
-  Code fillFrom(sqlite3* source, Journal journal, const Family& family);
-  Code lockMaking(LockFile& descriptor);
-  Code enter(const Family& family, LockFile& use, Journal& journal);
-  Code convert(const Family& family, Journal from, Journal to);
-  Journal journalFor(const std::string& path) const {
-    return share_ || isOnNetwork(path) ? Journal::rollback : Journal::ahead;
-  }
-
-  bool share_;
-  BusyWait wait_;
-};
 
 Code execute(sqlite3* connection, const std::string& sql) {
   return codeOf(connection, sqlite3_exec(connection, sql.c_str(), nullptr, nullptr, nullptr));
@@ -136,9 +98,12 @@ Code EmbeddedEngine::open(const std::string& stem, std::unique_ptr<Table>& table
   if (const Code result = connect(family, journal, connection)) return result;
   sqlite3* db = connection.get();
   sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  // What is deleted is overwritten: a repair takes what it finds in any page for a record that stands.
   // Written ahead, the journal is made durable by flush and settle alone; a checkpoint in the middle of a
   // posting would cost two flushes. A rollback journal has to be durable before each change.
-  const std::string common = "PRAGMA mmap_size=0;PRAGMA temp_store=MEMORY;PRAGMA cell_size_check=ON;",
+  const std::string common =
+                        "PRAGMA mmap_size=0;PRAGMA temp_store=MEMORY;PRAGMA cell_size_check=ON;"
+                        "PRAGMA secure_delete=ON;",
                     safety = journal == Journal::ahead
                                  ? "PRAGMA synchronous=NORMAL;PRAGMA wal_autocheckpoint=0;"
                                  : "PRAGMA journal_mode=PERSIST;PRAGMA synchronous=FULL;",
@@ -226,10 +191,11 @@ Code EmbeddedEngine::fill(const Family& family, const Descriptor& descriptor) {
   Connection connection;
   if (const Code result = connect(family, journal, connection)) return result;
   sqlite3* db = connection.get();
+  const Format format = parseFormat(descriptor.format);
   // Nobody knows the archive yet, so a failure needs no journal: the files are made anew.
   const std::string schema =
-      "PRAGMA page_size=4096;PRAGMA journal_mode=MEMORY;PRAGMA synchronous=OFF;BEGIN;" +
-      schemaOf(parseFormat(descriptor.format)) + "INSERT INTO grp VALUES(0,0);";
+      "PRAGMA page_size=4096;PRAGMA journal_mode=MEMORY;PRAGMA synchronous=OFF;BEGIN;" + tablesOf(format) +
+      indexesOf(format) + "INSERT INTO grp VALUES(0,0);";
   if (const Code result = execute(db, schema)) return result;
   {
     Statement meta(db, "INSERT INTO meta VALUES(CAST(?1 AS TEXT),?2,CAST(?3 AS TEXT),?4)");
@@ -296,10 +262,10 @@ Code EmbeddedEngine::fillFrom(sqlite3* source, Journal journal, const Family& fa
                                                         nullptr, nullptr));
 }
 
-}  // namespace
+}  // namespace embedded
 
 std::unique_ptr<Engine> makeEmbeddedEngine(std::function<void()> onWait, bool share) {
-  return std::make_unique<EmbeddedEngine>(std::move(onWait), share);
+  return std::make_unique<embedded::EmbeddedEngine>(std::move(onWait), share);
 }
 
 }  // namespace store

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "store/record_store.h"
 
@@ -17,6 +18,8 @@ struct Family {
 
   // Beside the database while a station has the archive open, and after a crash.
   std::string shared() const { return database + "-shm"; }
+  // A new database while a rebuild or a repair fills it, and what one has left that was cut short.
+  std::string fresh() const { return database + "~"; }
 
   // All three are there, and the descriptor is written, which a creation does last.
   bool isWhole() const;
@@ -27,10 +30,8 @@ struct Family {
 };
 
 // What the descriptor tells: a line for the curious, the key length, the format string.
-struct Descriptor {
-  int keyLength = 0;
-  std::string format;
-};
+using Descriptor = Shape;
 std::string textOf(const Descriptor& descriptor);
+bool readDescriptor(std::string_view text, Descriptor& descriptor);  // false: it is none
 
 }  // namespace store::embedded

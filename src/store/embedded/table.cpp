@@ -18,8 +18,6 @@ constexpr std::size_t kBatchBytes = 1 << 20;  // documents of 400 rows must not 
 constexpr int kManyFrames = 1000;             // of 4 KB: a journal so long is written back when it is settled
 constexpr int kTooManyFrames = 8000;          // and so long, by the next flush
 
-std::string columnOf(int index) { return index == 0 ? "pk" : "k" + std::to_string(index); }
-
 std::uint32_t sealOf(std::string_view primaryKey, std::string_view record) {
   return crc32c(record, crc32c(primaryKey));
 }
@@ -31,17 +29,23 @@ int noteFrames(void* frames, sqlite3*, const char*, int count) {
 
 }  // namespace
 
-std::string schemaOf(const Format& format) {
-  std::string columns = "id INTEGER PRIMARY KEY,pk BLOB NOT NULL UNIQUE", indexes;
-  for (const int field : format.indexed) {
-    const std::string number = std::to_string(field);
-    columns += ",k" + number + " BLOB NOT NULL";
-    indexes += "CREATE INDEX i" + number + " ON r(k" + number + ",pk);";
-  }
-  return "CREATE TABLE r(" + columns + ",rec BLOB NOT NULL);" + indexes +
+std::string columnOf(int index) { return index == 0 ? "pk" : "k" + std::to_string(index); }
+
+std::string tablesOf(const Format& format) {
+  std::string columns = "id INTEGER PRIMARY KEY,pk BLOB NOT NULL UNIQUE";
+  for (const int field : format.indexed) columns += "," + columnOf(field) + " BLOB NOT NULL";
+  return "CREATE TABLE r(" + columns +
+         ",rec BLOB NOT NULL);"
          "CREATE TABLE grp(log INTEGER NOT NULL,seq INTEGER NOT NULL);"
          "CREATE TABLE meta(format TEXT NOT NULL,keylen INTEGER NOT NULL,uuid TEXT NOT NULL,"
          "codec INTEGER NOT NULL);";
+}
+
+std::string indexesOf(const Format& format) {
+  std::string indexes;
+  for (const int field : format.indexed)
+    indexes += "CREATE INDEX i" + std::to_string(field) + " ON r(" + columnOf(field) + ",pk);";
+  return indexes;
 }
 
 void seal(std::string_view primaryKey, std::string_view record, std::string& sealed) {

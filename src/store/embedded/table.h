@@ -19,8 +19,10 @@ namespace store::embedded {
 
 inline constexpr int kCodec = 1;  // the form of the packed records and their checksum
 
-// The statements that make the tables of an empty archive.
-std::string schemaOf(const Format& format);
+// The statements that make the tables of an empty archive, and the indexes on them.
+std::string tablesOf(const Format& format);
+std::string indexesOf(const Format& format);
+std::string columnOf(int index);  // where the key of an index stands: pk, k<N>
 
 // The record with its checksum behind it. The checksum is over the primary key, too: a record that turns up
 // under another key is damaged.
