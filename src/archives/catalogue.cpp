@@ -23,6 +23,7 @@
 #include "archives/si.h"
 #include "archives/st.h"
 #include "archives/tt.h"
+#include "archives/xx.h"
 #include "store/format.h"
 
 namespace archives {
@@ -73,14 +74,6 @@ std::vector<Entry> companyEntries() {
   };
 }
 
-constexpr std::string_view kDocuments =
-    "x6$,x6$,x6$,x6$,x6$,x7$,x6$,x6$,x7$,x6$,x6$,x6$,"              // numbers of the twelve kinds
-    "$,$,$,$,$,$,$,$,$,$,$,$,"                                      // their dates
-    "%,x5$,x5$,x8$,#,#,#,#,%,$,#,%,#,$,$,$,$,$,$,"                  // head
-    "A401$,A401$,A401#,A401#,A401%,A401%,A401%,A401#,A401$,A401$,"  // rows
-    "#,%,A25$,A25#,A25#,A25#,#,#,$,$,"                              // totals
-    "%,%,$,$,$,%,#,#,$,$,$,$,$,#,#,%,%";                            // transport and payment
-
 std::vector<Entry> yearEntries() {
   using enum Scope;
   return {
@@ -93,7 +86,7 @@ std::vector<Entry> yearEntries() {
       typed<rec::ia>(year, 8),
       typed<rec::ic>(year, 8),
       typed<rec::si>(year, 1),
-      plain("xx", year, 8, 12, kDocuments),
+      typed<rec::xx>(year, 8),
       typed<rec::fa>(year, 8),
       plain("ma", year, 15, 14,
             "x13$,x13$,x13$,x30$,x10$,$,$,#,$,#,#,#,#,#,#,#,#,#,#,#,#,#,#,#,$,$,#,#,#,$,$,#,#,$,$,$,$,A51#,"
