@@ -64,9 +64,10 @@ MemoEdit::MemoEdit(ui::Memo& memo, ui::User& user, QWidget* parent)
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(2);
-  if (memo.look() == ui::Memo::Look::rich) column->addWidget(makeBar());
+  if (memo.look() == ui::Memo::Look::rich && !memo.readOnly()) column->addWidget(makeBar());
   column->addWidget(editor_, 1);
   editor_->setAcceptRichText(memo.look() == ui::Memo::Look::rich);
+  editor_->setReadOnly(memo.readOnly());
   editor_->setTabChangesFocus(true);
   editor_->setMinimumHeight(memo.lines() * fontMetrics().lineSpacing() + 12);
   editor_->setMinimumWidth(280);

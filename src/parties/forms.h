@@ -16,5 +16,8 @@ std::unique_ptr<ui::Form> makeRFORN3(Session& session);  // RFORN3, the same as 
 std::unique_ptr<ui::Form> makeVARCLI(Session& session);  // VARCLI, "Variazione scheda cliente"
 std::unique_ptr<ui::Form> makeVARFORN(
     Session& session);  // VARFORN, "Variazione scheda fornitore", "... agente"
+std::unique_ptr<ui::Form> makeVISCLI(Session& session);   // VISCLI, "Scheda cliente"
+std::unique_ptr<ui::Form> makeVISFORN(Session& session);  // VISFORN, "Scheda fornitore"
+std::unique_ptr<ui::Form> makeVISAGEN(Session& session);  // VISAGEN, "Scheda agente"
 
 }  // namespace tarvex

@@ -76,6 +76,7 @@ class Session {
   std::string LastRegisteredName;  // what RCLIENT3 and RFORN3 hand back
   std::string EntryToRevise;       // number of the journal's entry, for the revision form opened next
   std::string VoiceToShow;         // code of the voice whose card visched1 opens on
+  std::string DocumentToShow;      // key of the document that VISDOC1 opens on
 
   // --- the archives held open: dataz and civa for the run, the others for the open company ---
   store::RecordStore store;

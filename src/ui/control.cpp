@@ -170,10 +170,10 @@ void Spin::setValue(int value) {
 
 Rows::~Rows() = default;
 
-List::List(Form& form, std::string_view name, std::string_view caption,
-           std::initializer_list<ListColumn> columns, Marks marks)
+List::List(Form& form, std::string_view name, std::string_view caption, std::vector<ListColumn> columns,
+           Marks marks)
     : Control(form, name, caption),
-      columns_(columns),
+      columns_(std::move(columns)),
       rows_(std::make_unique<TextRows>(std::vector<std::vector<std::string>>())),
       several_(marks == Marks::several) {}
 List::~List() = default;

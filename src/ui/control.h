@@ -122,6 +122,8 @@ class Memo : public Control {  // several lines, plain or with words in bold, it
   std::string plainText() const { return text_.plain(); }
   void setText(std::string_view text);  // HTML for a rich memo; cut at the limit
   void clear() { setText({}); }
+  bool readOnly() const { return readOnly_; }  // it takes the focus, to be paged through, and no text
+  void setReadOnly() { readOnly_ = true; }     // before it is drawn
   std::function<void()> onChange;
   std::string_view kind() const override { return "text"; }
 
@@ -129,6 +131,7 @@ class Memo : public Control {  // several lines, plain or with words in bold, it
   friend class User;
   Look look_;
   int limit_, lines_;
+  bool readOnly_ = false;
   RichText text_;
 };
 
@@ -232,7 +235,7 @@ class Rows {  // what a list shows: asked for the rows in sight
 class List : public Control {
  public:
   enum class Marks { one, several };
-  List(Form& form, std::string_view name, std::string_view caption, std::initializer_list<ListColumn> columns,
+  List(Form& form, std::string_view name, std::string_view caption, std::vector<ListColumn> columns,
        Marks marks = Marks::one);
   ~List() override;
   const std::vector<ListColumn>& columns() const { return columns_; }

@@ -34,7 +34,7 @@ bool User::set(Field& field, std::string_view text) {
 }
 
 bool User::set(Memo& memo, std::string_view text) {
-  if (!go(memo)) return false;
+  if (!go(memo) || memo.readOnly()) return false;
   memo.text_ = RichText();
   return append(memo, text);
 }
@@ -107,7 +107,7 @@ bool User::browse(Field& field, int way) {
 
 bool User::erase(Control& control, bool backwards) {
   if (auto* memo = dynamic_cast<Memo*>(&control)) {
-    if (!backwards || !memo->text_.eraseLast()) return false;
+    if (!backwards || memo->readOnly() || !memo->text_.eraseLast()) return false;
     memo->changed();
     if (memo->onChange) memo->onChange();
     return settled(true);
@@ -151,6 +151,7 @@ void User::select(Field& field, std::size_t cursor, std::size_t mark) {
 
 // Beyond the limit the rest is left out with a beep.
 bool User::append(Memo& memo, std::string_view text) {
+  if (memo.readOnly()) return false;
   memo.text_.append(text);
   if (memo.text_.length() > static_cast<std::size_t>(memo.limit())) {
     memo.text_.truncate(static_cast<std::size_t>(memo.limit()));
@@ -162,6 +163,7 @@ bool User::append(Memo& memo, std::string_view text) {
 }
 
 void User::edited(Memo& memo, std::string_view text) {
+  if (memo.readOnly()) return;
   const std::string before = memo.text();
   memo.setText(text);
   if (memo.text() != before && memo.onChange) memo.onChange();

@@ -2,10 +2,11 @@
 //
 //   tarvex-look [--dark] DATA FOLDER UNIT[:KEYS] ...
 //
-// KEYS are parted by commas: Enter, F2, Escape, Alt+O, or a text that is typed. What stands modal after the
-// keys is taken, too, as UNIT-modal.png, and closed. Today is 15/02/2003.
+// KEYS are parted by commas: Enter, F2, Escape, Alt+O, Page=Note, or a text that is typed. What stands modal
+// after the keys is taken, too, as UNIT-modal.png, and closed. Today is 15/02/2003.
 #include <QDir>
 #include <QMdiSubWindow>
+#include <QTabBar>
 #include <cstdio>
 
 #include "desktop/area.h"
@@ -22,12 +23,21 @@ void shot(QWidget& widget, const QString& name) {
   widget.grab().save(folder + "/" + name + ".png");
 }
 
+// The page of that caption in the front window, by a click on it.
+void turnTo(const QString& caption) {
+  for (auto* bar : test::focus()->window()->findChildren<QTabBar*>())
+    for (int page = 0; bar->isVisible() && page < bar->count(); ++page)
+      if (bar->tabText(page) == caption) Q_EMIT bar->tabBarClicked(page);
+  QApplication::processEvents();
+}
+
 void strike(const QString& word) {
   static const QHash<QString, Qt::Key> named{{"Enter", Qt::Key_Return}, {"Escape", Qt::Key_Escape},
                                              {"Tab", Qt::Key_Tab},      {"Down", Qt::Key_Down},
                                              {"Up", Qt::Key_Up},        {"PageDown", Qt::Key_PageDown},
                                              {"Space", Qt::Key_Space}};
   if (named.contains(word)) return test::press(named[word]);
+  if (word.startsWith("Page=")) return turnTo(word.mid(5));
   if (word.startsWith("Alt+")) return test::press(Qt::Key(word[4].toUpper().unicode()), Qt::AltModifier);
   if (word.size() > 1 && word[0] == 'F' && word.mid(1).toInt() > 0)
     return test::press(Qt::Key(Qt::Key_F1 + word.mid(1).toInt() - 1));
