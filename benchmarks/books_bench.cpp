@@ -14,6 +14,7 @@
 #include "common/text.h"
 #include "ledger/books/account_card.h"
 #include "ledger/books/general_journal.h"
+#include "ledger/journal_lines.h"
 #include "store/group.h"
 #include "tools/scratch.h"
 #include "vat/register.h"
@@ -165,6 +166,16 @@ void anAccountCard(benchmark::State& state) {
   state.counters["rows"] = static_cast<double>(rows);
 }
 BENCHMARK(anAccountCard)->Unit(benchmark::kMillisecond);
+
+void theFirstPageOfTheList(benchmark::State& state) {
+  Session& session = books();
+  for (auto _ : state) {
+    const JournalLines lines(session, {"20030101", "20031231"}, "");
+    for (std::size_t row = 0; row < 20; ++row)
+      for (std::size_t column = 0; column < 8; ++column) benchmark::DoNotOptimize(lines.cell(row, column));
+  }
+}
+BENCHMARK(theFirstPageOfTheList)->Unit(benchmark::kMillisecond);
 
 void theRegisterOfAMonth(benchmark::State& state) {
   Session& session = books();

@@ -12,6 +12,7 @@ namespace tarvex {
 namespace {
 
 constexpr Unit kUnits[] = {
+    {"AMC", makeAmc},
     {"ANNRIVA", makeAnnriva},
     {"APRIAZ", makeApriaz},
     {"BIL", makeBil},
@@ -58,6 +59,8 @@ constexpr Unit kUnits[] = {
     {"VISCLI", makeVISCLI},
     {"VISFORN", makeVISFORN},
     {"VIVA", makeViva},
+    {"VMC", makeVmc},
+    {"annsr", makeAnnsr},
     {"cancell1", makeCancell1},
     {"cancella", makeCancella},
     {"mcca", makeMcca},

@@ -14,9 +14,7 @@ class ListView::Model : public QAbstractTableModel {
  public:
   Model(const ui::List& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {}
 
-  int rowCount(const QModelIndex& parent) const override {
-    return parent.isValid() ? 0 : static_cast<int>(list_.rows().count());
-  }
+  int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : count_; }
   int columnCount(const QModelIndex&) const override { return static_cast<int>(list_.columns().size()); }
 
   QVariant data(const QModelIndex& at, int role) const override {
@@ -34,14 +32,33 @@ class ListView::Model : public QAbstractTableModel {
 
   void reset() {
     beginResetModel();
+    count_ = rows();
+    ended_ = false;
     endResetModel();
   }
 
+  // The rows that the list has read since then; those shown stay as they are.
+  void extend() {
+    if (rows() <= count_) return;
+    beginInsertRows({}, count_, rows() - 1);
+    count_ = rows();
+    endInsertRows();
+  }
+
+  bool canFetchMore(const QModelIndex&) const override { return !ended_; }
+  void fetchMore(const QModelIndex&) override {
+    ended_ = !list_.grow();
+    extend();
+  }
+
  private:
+  int rows() const { return static_cast<int>(list_.rows().count()); }
   QVariant alignment(std::size_t column) const {
     return int((list_.columns()[column].right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
   }
   const ui::List& list_;
+  int count_ = 0;
+  bool ended_ = false;
 };
 
 ListView::ListView(ui::List& list, ui::User& user, QWidget* parent)
@@ -74,18 +91,18 @@ int ListView::chars(int count) const {
 QSize ListView::sizeHint() const {
   int width = 22;
   for (const ui::ListColumn& column : list_.columns()) width += chars(column.width);
-  return {std::min(width, 900), 10 * verticalHeader()->defaultSectionSize() + 32};
+  return {std::min(width, 1080), list_.height() * verticalHeader()->defaultSectionSize() + 32};
 }
 
 void ListView::pull() {
   const QScopedValueRollback guard(pulling_, true);
   // A new set of rows may stand where the old one stood: its length tells, and what is in sight is drawn
   // anew.
-  if (shown_ != &list_.rows() || count_ != list_.rows().count()) {
+  if (shown_ != &list_.rows() || model_->rowCount({}) > static_cast<int>(list_.rows().count())) {
     model_->reset();
     shown_ = &list_.rows();
-    count_ = shown_->count();
   } else {
+    model_->extend();
     viewport()->update();
   }
   QItemSelection rows;
@@ -114,7 +131,8 @@ void ListView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Home && count > 0) {
     user_.select(list_, 0);
   } else if (event->key() == Qt::Key_End && count > 0) {
-    user_.select(list_, count - 1);
+    list_.reaches(-1);
+    user_.select(list_, static_cast<int>(list_.rows().count()) - 1);
   } else if (list_.takesSeveral() && (event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier))) {
     QTableView::keyPressEvent(event);
   } else {

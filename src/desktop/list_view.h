@@ -26,7 +26,6 @@ class ListView : public QTableView {
   ui::User& user_;
   Model* model_;
   const ui::Rows* shown_ = nullptr;
-  std::size_t count_ = 0;
   bool pulling_ = false;
 };
 

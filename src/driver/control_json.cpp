@@ -18,6 +18,7 @@ std::string textOf(const ui::Control& control) {
 void addList(Json& json, const ui::List& list) {
   Json columns = Json::array(), rows = Json::array();
   for (const auto& column : list.columns()) columns.push_back(column.title);
+  list.reaches(-1);
   const std::size_t count = list.rows().count();
   for (std::size_t row = 0; row < count; ++row) {
     Json cells = Json::array();

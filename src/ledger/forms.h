@@ -8,7 +8,9 @@
 
 namespace tarvex {
 
+std::unique_ptr<ui::Form> makeAmc(Session& session);
 std::unique_ptr<ui::Form> makeAnnriva(Session& session);
+std::unique_ptr<ui::Form> makeAnnsr(Session& session);
 std::unique_ptr<ui::Form> makeMcca(Session& session);
 std::unique_ptr<ui::Form> makeMcca2(Session& session);
 std::unique_ptr<ui::Form> makeMcca3(Session& session);
@@ -27,5 +29,6 @@ std::unique_ptr<ui::Form> makeMcmg2(Session& session);
 std::unique_ptr<ui::Form> makeMcmg3(Session& session);
 std::unique_ptr<ui::Form> makeMcxx(Session& session);
 std::unique_ptr<ui::Form> makeRegxx(Session& session);
+std::unique_ptr<ui::Form> makeVmc(Session& session);
 
 }  // namespace tarvex

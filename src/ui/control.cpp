@@ -188,6 +188,11 @@ void List::setRows(std::vector<std::vector<std::string>> rows) {
   setRows(std::make_unique<TextRows>(std::move(rows)));
 }
 
+bool List::reaches(int row) const {
+  while ((row < 0 || rows_->count() <= static_cast<std::size_t>(row)) && rows_->grow()) continue;
+  return row >= 0 && rows_->count() > static_cast<std::size_t>(row);
+}
+
 void List::select(int row) { select(std::vector<int>{row}); }
 
 void List::select(std::vector<int> rows) {

@@ -228,8 +228,10 @@ struct ListColumn {
 class Rows {  // what a list shows: asked for the rows in sight
  public:
   virtual ~Rows();
-  virtual std::size_t count() const = 0;
+  virtual std::size_t count() const = 0;  // of those read so far
   virtual std::string cell(std::size_t row, std::size_t column) const = 0;
+  // A long list is read while it is looked at: reads some rows more. False: there are no more.
+  virtual bool grow() { return false; }
 };
 
 class List : public Control {
@@ -240,7 +242,11 @@ class List : public Control {
   ~List() override;
   const std::vector<ListColumn>& columns() const { return columns_; }
   const Rows& rows() const { return *rows_; }
+  bool grow() const { return rows_->grow(); }
+  bool reaches(int row) const;  // reads as far as that row, if the list is as long; -1: to its end
   bool takesSeveral() const { return several_; }
+  int height() const { return height_; }  // in rows, before anybody makes the form larger
+  void setHeight(int rows) { height_ = rows; }
   int selected() const { return selected_.empty() ? -1 : selected_.front(); }  // -1: none
   const std::vector<int>& selectedRows() const { return selected_; }           // ascending
   void setRows(std::unique_ptr<Rows> rows);                                    // none is selected then
@@ -255,6 +261,7 @@ class List : public Control {
   std::vector<ListColumn> columns_;
   std::unique_ptr<Rows> rows_;
   bool several_;
+  int height_ = 10;
   std::vector<int> selected_;
 };
 

@@ -158,6 +158,7 @@ int itemOf(const Choice& choice, std::string_view text) {
 }
 
 int rowOf(const List& list, std::string_view text) {
+  list.reaches(-1);
   const Rows& rows = list.rows();
   const auto wanted = common::upper(common::trim(text));
   int byOtherCell = -1;

@@ -14,8 +14,7 @@ constexpr int kRowsOfAPage = 10;  // of a list, for PageUp and PageDown
 
 // Runs what is set for the key; a copy of it, since it may set other keys.
 bool runs(const std::vector<KeyAction>& keys, Key key) {
-  const auto found =
-      std::find_if(keys.begin(), keys.end(), [key](const auto& at) { return at.key == key; });
+  const auto found = std::find_if(keys.begin(), keys.end(), [key](const auto& at) { return at.key == key; });
   if (found == keys.end()) return false;
   const auto action = found->action;
   action();
@@ -209,6 +208,8 @@ bool User::pageKey(Control& control, int way) {
 }
 
 bool User::moveInList(List& list, int way) {
+  if (list.selected() < 0 && way < 0) list.reaches(-1);
+  list.reaches(std::max(0, list.selected() + way));
   const auto count = static_cast<int>(list.rows().count());
   if (count == 0) return false;
   const int from = list.selected() < 0 ? (way > 0 ? -1 : count) : list.selected();
@@ -290,10 +291,8 @@ bool User::select(List& list, int row) {
 }
 
 bool User::select(List& list, std::vector<int> rows) {
-  const auto count = list.rows().count();
-  const bool there = std::all_of(rows.begin(), rows.end(), [count](int row) {
-    return row >= 0 && static_cast<std::size_t>(row) < count;
-  });
+  const bool there =
+      std::all_of(rows.begin(), rows.end(), [&list](int row) { return row >= 0 && list.reaches(row); });
   if (!there || (rows.size() > 1 && !list.takesSeveral()) || !go(list)) return false;
   const std::vector<int> before = list.selectedRows();
   list.select(std::move(rows));

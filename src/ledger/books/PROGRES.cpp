@@ -76,6 +76,7 @@ class Progres : public Form {
 Progres::Progres(Session& session)
     : Form(session.desk(), "PROGRES", "Progressivi contabili"), session_(session) {
   accountField(session, sottoconto, {"s", "c", "f", "ag"}, SearchList::postable);
+  mesi.setHeight(14);  // the opening, twelve months, the year
   mostra.onPress = [this] { show(); };
   stampa.onPress = [this] { print(); };
   chiudi.onPress = [this] { close(); };

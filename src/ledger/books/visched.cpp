@@ -80,6 +80,7 @@ Visched::Visched(Session& session, std::string_view name, std::string voice)
       code_(std::move(voice)) {
   data.setText(session.YearStartDate);
   accountField(session, sottoconto, {"s", "c", "f", "ag"}, SearchList::postable);
+  righe.setHeight(14);
   mostra.onPress = [this] { show(); };
   stampa.onPress = [this] { print(); };
   chiudi.onPress = [this] { close(); };
