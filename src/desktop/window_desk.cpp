@@ -244,10 +244,17 @@ bool WindowDesk::print(std::shared_ptr<const ui::Report> report) {
 }
 
 std::optional<std::string> WindowDesk::chooseFile(std::string_view title, std::string_view filter,
-                                                  bool save) {
+                                                  bool save, std::string_view directory) {
   const Nested nested(*this);
-  const QString path = save ? QFileDialog::getSaveFileName(window_.front(), text(title), {}, text(filter))
-                            : QFileDialog::getOpenFileName(window_.front(), text(title), {}, text(filter));
+  // "Archivio(*.isd)|*.isd": here the patterns stand in the parentheses, in either case.
+  QString patterns = text(filter);
+  if (const auto bar = patterns.indexOf('|'); bar >= 0) {
+    const QString pattern = patterns.mid(bar + 1), name = patterns.left(patterns.indexOf('('));
+    patterns = name + " (" + pattern + ' ' + pattern.toUpper() + ')';
+  }
+  const QString path =
+      save ? QFileDialog::getSaveFileName(window_.front(), text(title), text(directory), patterns)
+           : QFileDialog::getOpenFileName(window_.front(), text(title), text(directory), patterns);
   if (path.isEmpty()) return {};
   return utf8(path);
 }

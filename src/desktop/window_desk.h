@@ -34,7 +34,8 @@ class WindowDesk : public ui::Desk {
   bool progress(std::size_t done, std::size_t all) override;
   void preview(std::shared_ptr<const ui::Report> report) override;
   bool print(std::shared_ptr<const ui::Report> report) override;
-  std::optional<std::string> chooseFile(std::string_view title, std::string_view filter, bool save) override;
+  std::optional<std::string> chooseFile(std::string_view title, std::string_view filter, bool save,
+                                        std::string_view directory = {}) override;
   std::vector<std::string> printerFonts() const override;
   void end() override;
   void frameChanged() override;

@@ -254,7 +254,7 @@ bool Driver::print(std::shared_ptr<const ui::Report> report) {
   return true;
 }
 
-std::optional<std::string> Driver::chooseFile(std::string_view, std::string_view, bool) {
+std::optional<std::string> Driver::chooseFile(std::string_view, std::string_view, bool, std::string_view) {
   if (files.empty()) return std::nullopt;
   auto chosen = std::move(files.front());
   files.pop_front();

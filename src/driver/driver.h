@@ -65,7 +65,8 @@ class Driver : public ui::Desk {
   void busy(bool) override {}
   void preview(std::shared_ptr<const ui::Report> report) override;
   bool print(std::shared_ptr<const ui::Report> report) override;
-  std::optional<std::string> chooseFile(std::string_view title, std::string_view filter, bool save) override;
+  std::optional<std::string> chooseFile(std::string_view title, std::string_view filter, bool save,
+                                        std::string_view directory = {}) override;
   std::vector<std::string> printerFonts() const override { return options_.printerFonts; }
   void end() override { ended_ = true; }
   void frameChanged() override {}

@@ -45,6 +45,8 @@ bool scanChart(Session& session, const Each& each) {
 Journal readJournal(Session& session) {
   Journal journal;
   journal.whole = scanJournal(session, [&](const archives::Archive<rec::mc>& mc) {
+    // Open items that came over from the year before stand by themselves, and are no part of the balances.
+    if (!mc.B.datareg.starts_with(session.WorkYear)) return;
     journal.byEntry[mc.B.nummov].add(mc.B.dare, mc.B.avere);
     journal.byVoice[mc.B.conto].add(mc.B.dare, mc.B.avere);
   });

@@ -22,6 +22,11 @@ store::StoreOptions Session::storeOptions() {
   dataDirectory(options_, singleStation);
   options.share = !singleStation;
   options.logOf = [](std::string_view archive) { return archives::logOf(archive); };
+  options.shapeOf = [](std::string_view archive) -> std::optional<store::Shape> {
+    const archives::Entry* entry = archives::entryOf(archive);
+    if (!entry) return std::nullopt;
+    return store::Shape{entry->keyLength, std::string(entry->format)};
+  };
   options.onFailure = [this](const store::ArchiveFailure& failure) { showFailure(failure); };
   options.onWait = [this] { desk_.status(2, "Archivio in uso da un'altra postazione"); };
   return options;

@@ -62,9 +62,10 @@ class Desk {
   // False: nothing was printed, as there is no printer, or the user gave up, or the printer failed.
   virtual bool print(std::shared_ptr<const Report> report) = 0;
 
-  // A path to open or to save to; nothing when the user gives up.
+  // A path to open or to save to; nothing when the user gives up. `filter` as "Archivio(*.isd)|*.isd", or
+  // patterns alone; the choice begins in `directory`, where one is told.
   virtual std::optional<std::string> chooseFile(std::string_view title, std::string_view filter,
-                                                bool save) = 0;
+                                                bool save, std::string_view directory = {}) = 0;
   virtual std::vector<std::string> printerFonts() const = 0;
 
   virtual void end() = 0;           // the program ends when the running handlers have returned

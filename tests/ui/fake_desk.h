@@ -88,7 +88,8 @@ class FakeDesk : public ui::Desk {
   }
   bool noPrinter = false;
 
-  std::optional<std::string> chooseFile(std::string_view title, std::string_view, bool) override {
+  std::optional<std::string> chooseFile(std::string_view title, std::string_view, bool,
+                                        std::string_view = {}) override {
     if (files.empty()) throw std::logic_error("unexpected choice of a file: " + std::string(title));
     auto file = std::move(files.front());
     files.pop_front();
