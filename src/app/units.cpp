@@ -44,6 +44,8 @@ constexpr Unit kUnits[] = {
     {"RMIVA", makeRmiva},
     {"RPC", makeRPC},
     {"SCELTA", makeScelta},
+    {"SPS", makeSPS},
+    {"SPSFORN", makeSPSFORN},
     {"STEC", makeStec},
     {"STGC", makeStgc},
     {"STMC", makeStmc},

@@ -19,5 +19,7 @@ std::unique_ptr<ui::Form> makeVARFORN(
 std::unique_ptr<ui::Form> makeVISCLI(Session& session);   // VISCLI, "Scheda cliente"
 std::unique_ptr<ui::Form> makeVISFORN(Session& session);  // VISFORN, "Scheda fornitore"
 std::unique_ptr<ui::Form> makeVISAGEN(Session& session);  // VISAGEN, "Scheda agente"
+std::unique_ptr<ui::Form> makeSPS(Session& session);      // SPS, "Stampa parametrica selettiva clienti"
+std::unique_ptr<ui::Form> makeSPSFORN(Session& session);  // SPSFORN, "... fornitori", "... agenti"
 
 }  // namespace tarvex
