@@ -63,10 +63,9 @@ class PartySelection : public Form {
   Tabs schede{*this, "schede", kPages};
   std::vector<std::unique_ptr<Check>> ticks_;  // of the columns in turn; null for one that goes with another
   Button tutti{*this, "tutti", "&Tutti"};
-  std::vector<std::unique_ptr<Field>> texts_;  // of fields_ in turn
-  std::unique_ptr<Choice> agente, listino;     // of customers
-  Range saldo;
-  std::unique_ptr<Range> data, fatturato;  // of customers
+  std::vector<std::unique_ptr<Field>> texts_;     // of fields_ in turn
+  std::unique_ptr<Choice> agente, listino;        // of customers
+  std::unique_ptr<Range> saldo, data, fatturato;  // the others of customers
   Check anteprima{*this, "anteprima", "Anteprima di &stampa"};
   Button ok{*this, "ok", "&OK", Button::Role::main};
   Button annulla{*this, "annulla", "&Annulla", Button::Role::cancel};
@@ -82,8 +81,7 @@ PartySelection::PartySelection(Session& session, std::string_view unit, const Pa
     : Form(session.desk(), unit, titleOf(kind)),
       session_(session),
       kind_(kind),
-      fields_(kind.isCustomer() ? std::span<const TextFilterField>(kOfCustomers) : kOfSuppliers),
-      saldo(*this, "text7", "text8", "Saldo contabile:", Mask::amount()) {
+      fields_(kind.isCustomer() ? std::span<const TextFilterField>(kOfCustomers) : kOfSuppliers) {
   for (const PartyColumn& column : columnsOf(kind_))
     ticks_.push_back(
         column.tick.empty()
@@ -94,6 +92,9 @@ PartySelection::PartySelection(Session& session, std::string_view unit, const Pa
   if (kind_.isCustomer()) {
     agente = std::make_unique<Choice>(*this, "agente", "Agente:", Choice::Look::combo);
     listino = std::make_unique<Choice>(*this, "listino", "Listino prezzi:", Choice::Look::combo);
+  }
+  saldo = std::make_unique<Range>(*this, "text7", "text8", "Saldo contabile:", Mask::amount());
+  if (kind_.isCustomer()) {
     data =
         std::make_unique<Range>(*this, "text9", "text10", "Data ultima fatt.:", Mask::pattern("__/__/____"));
     fatturato = std::make_unique<Range>(*this, "text11", "text12", "Fatturato " + session.WorkYear + ":",
@@ -139,6 +140,7 @@ Layout PartySelection::tickLayout() const {
     Layout block = column({});
     for (std::size_t i = first; i < std::min(first + down, ticks.size()); ++i)
       block.parts.push_back(row({*ticks[i]}));
+    block.parts.push_back(space());
     blocks.parts.push_back(block);
   }
   return column({blocks, buttons({tutti})});
@@ -149,8 +151,7 @@ Layout PartySelection::filterLayout() const {
   for (const auto& text : texts_) rows.parts.push_back(row({*text}));
   if (agente) rows.parts.push_back(row({*agente}));
   if (listino) rows.parts.push_back(row({*listino}));
-  for (const Range* range :
-       {&saldo, static_cast<const Range*>(data.get()), static_cast<const Range*>(fatturato.get())})
+  for (const Range* range : {saldo.get(), data.get(), fatturato.get()})
     if (range) rows.parts.push_back(row({range->from, range->to}));
   return rows;
 }
@@ -187,7 +188,7 @@ PartyFilters PartySelection::filters() const {
   const auto add = [&](const Range& range, double rec::pc::*field) {
     filters.ranges.push_back({range.from.caption(), valueOf(range.from), valueOf(range.to), field});
   };
-  add(saldo, &rec::pc::saldo);
+  add(*saldo, &rec::pc::saldo);
   if (!kind_.isCustomer()) return filters;
   add(*fatturato, &rec::pc::fatturato);
   filters.lastInvoiceFrom = keyOf(data->from);

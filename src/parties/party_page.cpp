@@ -51,14 +51,14 @@ std::string cellOf(const PartyColumn& column, const ListedParty& row) {
   return column.number ? common::format("###,###,##0.00", column.number(row)) : column.text(row);
 }
 
-// What does not stand upright lies across the sheet, with letters that let its lines stand, too.
+// What does not stand upright lies across the sheet, which then takes fewer lines.
 ui::Setup setupFor(ui::Setup setup, std::size_t width) {
   if (width <= kUpright) return ui::fitted(std::move(setup), width);
   constexpr double across = 842 - 2 * 28, down = 595 - 2 * 28, letter = 0.6, leading = 1.2;
+  const double widest = across / (letter * static_cast<double>(width));
   setup.landscape = true;
-  const double widest = std::min(across / (letter * static_cast<double>(width)),
-                                 down / (leading * std::max(setup.pageLines, 1)));
   setup.size = setup.size > 0 ? std::min(setup.size, widest) : widest;
+  setup.pageLines = std::min(std::max(setup.pageLines, 1), static_cast<int>(down / (leading * setup.size)));
   return setup;
 }
 
