@@ -1,5 +1,6 @@
 #include "app/units.h"
 
+#include "app/forms.h"
 #include "chart/forms.h"
 #include "ledger/books/forms.h"
 #include "ledger/forms.h"
@@ -78,6 +79,7 @@ constexpr Unit kUnits[] = {
     {"mccv2", makeMccv2},
     {"mcfv", makeMcfv},
     {"mcfv2", makeMcfv2},
+    {"quadra", makeQuadra},
     {"regxx", makeRegxx},
     {"rtiva", makeRtiva},
     {"varsi", makeVarsi},

@@ -145,13 +145,16 @@ void unlock(Call& call) {
 void verify(Call& call) {
   tarvex::Session& session = call.driver.session();
   if (session.CompanyCode.empty()) return call.fail("no company is open");
-  Json violations = Json::array();
+  Json violations = Json::array(), notices = Json::array();
   for (const auto& violation : tarvex::verify(session))
-    violations.push_back({{"rule", violation.rule},
-                          {"text", violation.text},
-                          {"records", violation.records},
-                          {"difference", violation.difference}});
+    (violation.notice ? notices : violations)
+        .push_back({{"rule", violation.rule},
+                    {"text", violation.text},
+                    {"records", violation.records},
+                    {"difference", violation.difference},
+                    {"repair", violation.repair}});
   call.add("violations", std::move(violations));
+  call.add("notices", std::move(notices));
 }
 
 }  // namespace driver::command

@@ -9,15 +9,14 @@
 #include "archives/mc.h"
 #include "archives/pc.h"
 #include "common/amount.h"
+#include "ledger/reference_rules.h"
 #include "ledger/vat_rows.h"
 #include "session/scan.h"
 
 namespace tarvex {
 namespace {
 
-constexpr std::string_view kBalance = "entries balance";
-constexpr std::string_view kProgressives = "progressives equal the journal";
-constexpr std::string_view kNumbers = "numbers are given once";
+constexpr const char* kUnreadable = "la prima nota non si legge";
 
 struct Sums {
   double dare = 0, avere = 0;
@@ -65,30 +64,31 @@ std::map<std::string, std::vector<std::string>> rowsOf(Session& session, const s
   return rows;
 }
 
-void checkEntries(Session& session, const Journal& journal, std::vector<Violation>& violations) {
+std::vector<Violation> checkEntries(Session& session) {
+  const Journal journal = readJournal(session);
+  if (!journal.whole) return {{{}, kUnreadable, {}, 0}};
+  std::vector<Violation> violations;
   std::set<std::string> wrong;
   for (const auto& [nummov, sums] : journal.byEntry)
     if (differ(sums.dare, sums.avere)) wrong.insert(nummov);
   const auto rows = rowsOf(session, wrong, [](const rec::mc& row) { return row.nummov; });
   for (const auto& nummov : wrong) {
     const Sums& sums = journal.byEntry.at(nummov);
-    violations.push_back(
-        {kBalance,
-         "entry " + nummov + ": dare " + common::toText(sums.dare) + ", avere " + common::toText(sums.avere),
-         rows.contains(nummov) ? rows.at(nummov) : std::vector<std::string>(),
-         common::roundBalance(sums.dare - sums.avere)});
+    violations.push_back({{},
+                          "registrazione " + nummov + ": dare " + common::toText(sums.dare) + ", avere " +
+                              common::toText(sums.avere),
+                          rows.contains(nummov) ? rows.at(nummov) : std::vector<std::string>(),
+                          common::roundBalance(sums.dare - sums.avere)});
   }
+  return violations;
 }
 
-// The sums of the journal on all three levels; rows of voices that do not exist stay in `strays`.
-std::unordered_map<std::string, Sums> spread(Session& session, const Journal& journal,
-                                             std::set<std::string>& strays) {
+// The sums of the journal on all three levels. Rows of voices that do not exist are another rule's.
+std::unordered_map<std::string, Sums> spread(Session& session, const Journal& journal) {
   std::unordered_map<std::string, Sums> expected;
-  for (const auto& [voice, sums] : journal.byVoice) strays.insert(voice);
   scanChart(session, [&](const archives::Archive<rec::pc>& pc) {
     const auto rows = journal.byVoice.find(pc.primaryKey());
     if (rows == journal.byVoice.end()) return;
-    strays.erase(pc.primaryKey());
     for (const auto& level : std::set<std::string>{pc.primaryKey(), pc.B.mastro, pc.B.conto})
       expected[level].add(rows->second.dare, rows->second.avere);
   });
@@ -98,30 +98,39 @@ std::unordered_map<std::string, Sums> spread(Session& session, const Journal& jo
 void compare(const std::string& code, std::string_view what, double stands, double shouldBe,
              std::vector<Violation>& violations) {
   if (!differ(stands, shouldBe)) return;
-  violations.push_back({kProgressives,
-                        "voice " + code + ": " + std::string(what) + " is " + common::toText(stands) +
-                            " instead of " + common::toText(shouldBe),
+  violations.push_back({{},
+                        "voce " + code + ": " + std::string(what) + " è " + common::toText(stands) +
+                            " invece di " + common::toText(shouldBe),
                         {"pc " + code},
                         common::roundBalance(stands - shouldBe)});
 }
 
-void checkProgressives(Session& session, const Journal& journal, std::vector<Violation>& violations) {
-  std::set<std::string> strays;
-  const auto expected = spread(session, journal, strays);
+// With the opening entry in the journal, a voice may have its amounts in or, after RICO, out.
+Sums withoutOpening(const Sums& sums, double opening) {
+  return {sums.dare - std::max(opening, 0.0), sums.avere + std::min(opening, 0.0)};
+}
+
+std::vector<Violation> checkProgressives(Session& session) {
+  const Journal journal = readJournal(session);
+  if (!journal.whole) return {{{}, kUnreadable, {}, 0}};
+  const auto expected = spread(session, journal);
+  session.ct.B = {};
+  session.ct.search(0, "1");
+  const bool opened = session.ct.B.bapflag == "n";
+  std::vector<Violation> violations;
   const bool whole = scanChart(session, [&](const archives::Archive<rec::pc>& pc) {
     const std::string& code = pc.primaryKey();
     const auto found = expected.find(code);
-    const Sums sums = found == expected.end() ? Sums{} : found->second;
+    Sums sums = found == expected.end() ? Sums{} : found->second;
+    const Sums out = withoutOpening(sums, pc.B.saldoiniziale);
+    if (opened && pc.B.natura == "p" && !differ(pc.B.dare, out.dare) && !differ(pc.B.avere, out.avere))
+      sums = out;
     compare(code, "dare", pc.B.dare, sums.dare, violations);
     compare(code, "avere", pc.B.avere, sums.avere, violations);
     compare(code, "saldo", pc.B.saldo, pc.B.saldoiniziale + pc.B.dare - pc.B.avere, violations);
   });
-  if (!whole) violations.push_back({kProgressives, "the chart of accounts cannot be read", {}, 0});
-  for (const auto& [voice, rows] : rowsOf(session, strays, [](const rec::mc& row) { return row.conto; })) {
-    const Sums& sums = journal.byVoice.at(voice);
-    violations.push_back({kProgressives, "voice " + voice + " has rows and does not exist", rows,
-                          common::roundBalance(sums.dare - sums.avere)});
-  }
+  if (!whole) violations.push_back({{}, "il piano dei conti non si legge", {}, 0});
+  return violations;
 }
 
 // What no two entries may share, as the violation names it; empty for a row that has no such number.
@@ -129,19 +138,8 @@ std::string numberOf(const rec::mc& row) {
   const auto side = vatSideOf(row.causale);
   if (!side || *side == VatSide::sales) return {};
   return *side == VatSide::purchases
-             ? "register " + row.registro + ", protocol " + registerNumber(row.protocollo)
-             : "register " + row.registro + ", receipt " + registerNumber(row.numdoc);
-}
-
-}  // namespace
-
-std::vector<Violation> checkJournal(Session& session) {
-  std::vector<Violation> violations;
-  const Journal journal = readJournal(session);
-  if (!journal.whole) return {{kBalance, "the journal cannot be read", {}, 0}};
-  checkEntries(session, journal, violations);
-  checkProgressives(session, journal, violations);
-  return violations;
+             ? "registro " + row.registro + ", protocollo " + registerNumber(row.protocollo)
+             : "registro " + row.registro + ", corrispettivo " + registerNumber(row.numdoc);
 }
 
 std::vector<Violation> checkNumbers(Session& session) {
@@ -152,11 +150,31 @@ std::vector<Violation> checkNumbers(Session& session) {
     if (number.empty()) return;
     if (entries.emplace(number, mc.B.nummov).first->second != mc.B.nummov) doubles.insert(number);
   });
-  if (!whole) return {{kNumbers, "the journal cannot be read", {}, 0}};
+  if (!whole) return {{{}, kUnreadable, {}, 0}};
   std::vector<Violation> violations;
   for (auto& [number, rows] : rowsOf(session, doubles, numberOf))
-    violations.push_back({kNumbers, number + " stands in more than one entry", std::move(rows), 0});
+    violations.push_back({{}, number + " sta in più registrazioni", std::move(rows), 0});
   return violations;
 }
+
+constexpr std::string_view kRevision = "Prima nota, Revisione", kRico = "Ricostruzione progressivi";
+
+constexpr Rule kRules[] = {
+    {"entries balance", "Le registrazioni quadrano", kRevision, checkEntries},
+    {"progressives equal the journal", "I progressivi sono quelli della prima nota", kRico,
+     checkProgressives},
+    {"numbers are given once", "Nessun numero sta due volte", kRevision, checkNumbers},
+    {"references exist", "Ogni voce, codice e registro esiste", "Registrare di nuovo ciò che manca",
+     checkReferences},
+    {"screen rows belong to an entry", "Le righe digitate hanno una registrazione",
+     "Nessuno: non contano in alcun totale", checkScreenRows},
+    {"counters are not behind", "I contatori non restano indietro", "Nessuno: i numeri occupati sono saltati",
+     checkCounters, true},
+    {"numbers have no gaps", "I numeri si susseguono", "Registrare il documento che manca", checkGaps, true},
+};
+
+}  // namespace
+
+std::span<const Rule> ledgerRules() { return kRules; }
 
 }  // namespace tarvex

@@ -190,6 +190,7 @@ MenuEntry variousMenu() {
                      opens("&Verifica archivi", "val1", "VALL1", W),
                      opens("R&icostruzione indici", "val2", "VALL2", W),
                      opens("Ripara arc&hivi", "val3", "VALL3", W),
+                     opens("&Quadratura", "quadra", "quadra"),
                  });
 }
 

@@ -1,10 +1,14 @@
 #include "vat/vat_rules.h"
 
+#include <algorithm>
+#include <array>
 #include <map>
 #include <optional>
 #include <string>
 #include <unordered_map>
 
+#include "archives/ia.h"
+#include "archives/ic.h"
 #include "archives/iv.h"
 #include "archives/mc.h"
 #include "common/amount.h"
@@ -15,82 +19,123 @@
 namespace tarvex {
 namespace {
 
-constexpr std::string_view kRule = "VAT rows equal the VAT line";
-constexpr std::string_view kVatOnSales = "00012";
+// Each side of the VAT: whose entries have rows there, the voices that bear their tax, and on which side.
+struct Side {
+  std::string_view archive;
+  std::array<std::string_view, 2> causali;
+  std::array<std::string_view, 2> voices;
+  double sign;  // of dare less avere
+};
+constexpr Side kSales{"iv", {"fv", "cv"}, {"00012", "00012"}, -1},
+    kPurchases{"ia", {"fa", "ca"}, {"00011", "00014"}, 1},
+    kReceipts{"ic", {"co", "co"}, {"00013", "00013"}, -1};
 
 struct Entry {
-  double line = 0;  // on 00012: avere less dare
-  double rows = 0;  // the imposta of the iv rows
+  double line = 0;  // on the voices of the tax
+  double rows = 0;  // the imposta of the VAT rows
 };
 
-std::string keyOf(const rec::mc& row) {
-  return row.registro + "/" + common::right(row.numdoc, 5) + "/" + row.datareg;
+template <std::size_t N>
+bool has(const std::array<std::string_view, N>& words, std::string_view word) {
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+std::string fiveDigits(std::string_view number) { return common::right(common::zeroFill(number, 5), 5); }
+
+std::string keyOf(const Side& side, const rec::mc& row) {
+  const bool purchase = side.archive == "ia";
+  return row.registro + "/" + fiveDigits(purchase ? row.protocollo : row.numdoc) + "/" + row.datareg;
 }
 std::string keyOf(const rec::iv& row) {
   return row.registro + "/" + row.numero + "/" + common::DateToKey(row.datareg);
 }
-bool isOfSales(const rec::mc& row) { return row.causale == "fv" || row.causale == "cv"; }
+std::string keyOf(const rec::ia& row) {
+  return row.registro + "/" + fiveDigits(row.protocollo) + "/" + common::DateToKey(row.datareg);
+}
+std::string keyOf(const rec::ic& row) { return row.registro + "/" + row.numero + "/" + row.datareg; }
 
 template <class Each>
-bool scanJournal(Session& session, const Each& each) {
+bool scanJournal(Session& session, const Side& side, const Each& each) {
   return scan<rec::mc>(session, 3900, 3901, 3902, [&](const archives::Archive<rec::mc>& mc) {
-    if (isOfSales(mc.B)) each(mc);
+    if (has(side.causali, mc.B.causale)) each(mc);
   });
 }
 
-template <class Each>
+template <class R, class Each>
 bool scanVatRows(Session& session, const Each& each) {
-  return scan<rec::iv>(session, 3903, 3904, 3905, each);
+  return scan<R>(session, 3903, 3904, 3905, each);
 }
+
+using Entries = std::unordered_map<std::string, Entry>;
 
 // Nothing when an archive cannot be read.
-std::optional<std::unordered_map<std::string, Entry>> readEntries(Session& session) {
-  std::unordered_map<std::string, Entry> entries;
-  const bool journal = scanJournal(session, [&](const archives::Archive<rec::mc>& mc) {
-    Entry& entry = entries[keyOf(mc.B)];
-    if (mc.B.conto == kVatOnSales) entry.line += mc.B.avere - mc.B.dare;
+template <class R>
+std::optional<Entries> readEntries(Session& session, const Side& side) {
+  Entries entries;
+  const bool journal = scanJournal(session, side, [&](const archives::Archive<rec::mc>& mc) {
+    Entry& entry = entries[keyOf(side, mc.B)];
+    if (has(side.voices, mc.B.conto)) entry.line += side.sign * (mc.B.dare - mc.B.avere);
   });
-  const bool rows = scanVatRows(session, [&](const archives::Archive<rec::iv>& iv) {
-    const auto entry = entries.find(keyOf(iv.B));
-    if (entry != entries.end()) entry->second.rows += iv.B.imposta;
+  const bool rows = scanVatRows<R>(session, [&](const archives::Archive<R>& vat) {
+    const auto entry = entries.find(keyOf(vat.B));
+    if (entry != entries.end()) entry->second.rows += vat.B.imposta;
   });
   if (!journal || !rows) return std::nullopt;
   return entries;
 }
 
 // Names the records of each violation, which bears its key in the map.
-void nameRecords(Session& session, std::map<std::string, Violation>& violations) {
+template <class R>
+void nameRecords(Session& session, const Side& side, std::map<std::string, Violation>& violations) {
   const auto name = [&](const std::string& key, std::string record) {
     const auto found = violations.find(key);
     if (found != violations.end()) found->second.records.push_back(std::move(record));
   };
-  scanJournal(session, [&](const archives::Archive<rec::mc>& mc) {
-    if (mc.B.conto == kVatOnSales) name(keyOf(mc.B), "mc " + mc.primaryKey());
+  scanJournal(session, side, [&](const archives::Archive<rec::mc>& mc) {
+    if (has(side.voices, mc.B.conto)) name(keyOf(side, mc.B), "mc " + mc.primaryKey());
   });
-  scanVatRows(session,
-              [&](const archives::Archive<rec::iv>& iv) { name(keyOf(iv.B), "iv " + iv.primaryKey()); });
+  scanVatRows<R>(session, [&](const archives::Archive<R>& vat) {
+    name(keyOf(vat.B), std::string(side.archive) + " " + vat.primaryKey());
+  });
 }
 
-}  // namespace
-
-std::vector<Violation> checkVatRows(Session& session) {
-  const auto entries = readEntries(session);
-  if (!entries) return {{kRule, "the journal or the VAT rows cannot be read", {}, 0}};
+template <class R>
+void checkSide(Session& session, const Side& side, std::vector<Violation>& violations) {
+  const auto entries = readEntries<R>(session, side);
+  if (!entries) {
+    violations.push_back(
+        {{}, "la prima nota o l'archivio " + std::string(side.archive) + " non si legge", {}, 0});
+    return;
+  }
   std::map<std::string, Violation> wrong;
   for (const auto& [key, entry] : *entries) {
     const double difference = common::roundBalance(entry.rows - entry.line);
     if (difference == 0) continue;
-    wrong[key] = {kRule,
-                  "register/number/date " + key + ": rows " + common::toText(entry.rows) + ", journal " +
-                      common::toText(entry.line),
+    wrong[key] = {{},
+                  "registro/numero/data " + key + ": righe iva " + common::toText(entry.rows) +
+                      ", prima nota " + common::toText(entry.line),
                   {},
                   difference};
   }
-  if (!wrong.empty()) nameRecords(session, wrong);
-  std::vector<Violation> violations;
-  violations.reserve(wrong.size());
+  if (!wrong.empty()) nameRecords<R>(session, side, wrong);
   for (auto& [key, violation] : wrong) violations.push_back(std::move(violation));
+}
+
+std::vector<Violation> checkVatRows(Session& session) {
+  std::vector<Violation> violations;
+  checkSide<rec::iv>(session, kSales, violations);
+  checkSide<rec::ia>(session, kPurchases, violations);
+  checkSide<rec::ic>(session, kReceipts, violations);
   return violations;
 }
+
+constexpr Rule kRules[] = {
+    {"VAT rows equal the VAT line", "Le righe iva sono quelle delle registrazioni", "Prima nota, Revisione",
+     checkVatRows},
+};
+
+}  // namespace
+
+std::span<const Rule> vatRules() { return kRules; }
 
 }  // namespace tarvex

@@ -77,7 +77,8 @@ TEST_CASE("no text in any field harms the program or its books") {
       REQUIRE(station.session.isCompanyOpen());
     }
   }
-  for (const tarvex::Violation& violation : tarvex::verify(station.session)) FAIL_CHECK(violation.text);
+  for (const tarvex::Violation& violation : tarvex::verify(station.session))
+    if (!violation.notice) FAIL_CHECK(violation.text);
   tarvex::OpenArchive<rec::mc> mc(station.session, 0, 0);
   mc->bof(0);
   CHECK(mc->next(0) == store::kNotFound);

@@ -71,7 +71,7 @@ struct Books {
 
   void checkWhole() {
     for (const tarvex::Violation& violation : tarvex::verify(session()))
-      FAIL_CHECK(violation.rule, ": ", violation.text);
+      if (!violation.notice) FAIL_CHECK(violation.rule, ": ", violation.text);
   }
 
   Scratch directory;

@@ -10,9 +10,6 @@
 namespace tarvex {
 namespace {
 
-constexpr std::string_view kRegisters = "registers and settlement hold every VAT row";
-constexpr std::string_view kJournal = "the journal prints every row";
-
 struct Side {
   const RegisterKind& kind;
   std::string_view archive;
@@ -43,28 +40,26 @@ void compare(const Side& side, std::string_view book, const Register& made, doub
              std::vector<Violation>& violations) {
   const double difference = common::roundBalance(taxOf(made.rows) - printed);
   if (difference == 0) return;
-  violations.push_back({kRegisters,
-                        std::string(side.kind.name) + ": the rows come to " +
-                            common::toText(taxOf(made.rows)) + ", " + std::string(book) + " to " +
-                            common::toText(printed),
-                        strays(side, made.rows), difference});
+  violations.push_back({{},
+                        std::string(side.kind.name) + ": le righe fanno " + common::toText(taxOf(made.rows)) +
+                            ", " + std::string(book) + " " + common::toText(printed),
+                        strays(side, made.rows),
+                        difference});
 }
-
-}  // namespace
 
 std::vector<Violation> checkRegisters(Session& session) {
   const VatPeriod year{VatPeriod::Length::year, 1};
   const auto table = loadVatTable(session);
   auto rows = table ? readSettlementRows(session, year, {}, false) : std::nullopt;
-  if (!rows) return {{kRegisters, "the VAT rows cannot be read", {}, 0}};
+  if (!rows) return {{{}, "le righe iva non si leggono", {}, 0}};
   SettlementTerms terms;
   terms.period = year;
   const Settlement settlement = settle(std::move(terms), *rows, *table);
   std::vector<Violation> violations;
   for (const Side& side : kSides) {
     const Register made = makeRegister(side.kind, (*rows).*side.rows, *table);
-    compare(side, "the register", made, sumOf(made.totals).sum.imposta, violations);
-    compare(side, "the settlement", made, sumOf(settlement.*side.totals).sum.imposta, violations);
+    compare(side, "il registro", made, sumOf(made.totals).sum.imposta, violations);
+    compare(side, "la liquidazione", made, sumOf(settlement.*side.totals).sum.imposta, violations);
   }
   return violations;
 }
@@ -74,12 +69,23 @@ std::vector<Violation> checkJournalBook(Session& session) {
   JournalWalk walk = JournalWalk::byNumber(session);
   while (const rec::mc* row = walk.next())
     if (!common::isDateOf(dateOf(row->datareg), session.WorkYear))
-      violations.push_back({kJournal,
-                            "row " + walk.key() + " is registered on \"" + row->datareg + "\"",
+      violations.push_back({{},
+                            "la riga " + walk.key() + " è registrata il \"" + row->datareg + "\"",
                             {"mc " + walk.key()},
                             common::roundBalance(row->dare - row->avere)});
-  if (!walk.isWhole()) violations.push_back({kJournal, "the journal cannot be read", {}, 0});
+  if (!walk.isWhole()) violations.push_back({{}, "la prima nota non si legge", {}, 0});
   return violations;
 }
+
+constexpr Rule kRules[] = {
+    {"registers and settlement hold every VAT row", "Registri e liquidazione contano ogni riga iva",
+     "Registrare di nuovo il codice iva che manca", checkRegisters},
+    {"the journal prints every row", "Il giornale stampa ogni riga", "Prima nota, Revisione",
+     checkJournalBook},
+};
+
+}  // namespace
+
+std::span<const Rule> bookRules() { return kRules; }
 
 }  // namespace tarvex

@@ -1,7 +1,7 @@
 // What always holds between the books and the rows from which they are printed.
 #pragma once
 
-#include <vector>
+#include <span>
 
 #include "session/session.h"
 #include "session/violation.h"
@@ -11,9 +11,8 @@ namespace tarvex {
 // "registers and settlement hold every VAT row": the rows of iv, ia and ic add up, in cents, to the totals of
 // their registers and to the figures of the year's settlement. A row whose code has left the table stands in
 // no total.
-std::vector<Violation> checkRegisters(Session& session);
-
+//
 // "the journal prints every row": each row of mc is registered on a day of the year.
-std::vector<Violation> checkJournalBook(Session& session);
+std::span<const Rule> bookRules();
 
 }  // namespace tarvex
