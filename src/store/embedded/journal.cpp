@@ -62,9 +62,11 @@ Code readJournal(const std::string& database, Journal& journal) {
   std::array<unsigned char, 2> versions{};
   if (const int result = file.read(versions.data(), versions.size()); result != SQLITE_OK)
     return file.codeOf(result);
-  journal = static_cast<Journal>(versions[0]);
-  const bool known = journal == Journal::rollback || journal == Journal::ahead;
-  return known && versions[0] == versions[1] ? kOk : kDisk;
+  // The second one tells how the database is read, and so what its journal is. The first may differ from it
+  // where a change of the journal was cut short: the journal was empty by then, and serves either way.
+  journal = static_cast<Journal>(versions[1]);
+  const auto known = [](unsigned char version) { return version == 1 || version == 2; };
+  return known(versions[0]) && known(versions[1]) ? kOk : kDisk;
 }
 
 Code writeJournal(const std::string& database, Journal journal) {
