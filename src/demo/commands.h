@@ -16,11 +16,6 @@ class Script {
     for (const std::string_view word : words) text_ += " " + nlohmann::json(word).dump();
     text_ += '\n';
   }
-  void put(std::string_view archive, const std::string& key, const nlohmann::json& record) {
-    say("put", {archive, key});
-    text_.back() = ' ';
-    text_ += record.dump() + '\n';
-  }
   void set(std::string_view control, std::string_view text) { say("set", {control, text}); }
   std::string text() && { return std::move(text_); }
 

@@ -8,6 +8,7 @@
 #include "common/amount.h"
 #include "common/text.h"
 #include "common/vat_number.h"
+#include "demo/cards.h"
 #include "demo/draw.h"
 #include "demo/quarter.h"
 
@@ -149,6 +150,7 @@ Company drawCompany(unsigned seed) {
     company.invoices.push_back(invoice(draw, i + 1, dateOf(company.year, key), company.customers));
   }
   addQuarter(draw, company);
+  fillCards(seed, company);
   return company;
 }
 

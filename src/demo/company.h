@@ -8,8 +8,18 @@
 
 namespace demo {
 
-struct Customer {
+struct Destination {
+  std::string nominativo, indirizzo, citta;
+};
+
+struct Customer {  // or supplier
   std::string ragsoc, indirizzo, cap, citta, provincia, partitaiva, telefono, pagamento;
+  // The rest of the card (cards.cpp).
+  std::string ragsoc2 = {}, fax = {}, email = {}, banca = {}, abi = {}, cab = {};
+  std::string tipo = {}, zona = {}, note = {};
+  std::vector<Destination> destinations = {};
+  // Of customers.
+  std::string agente = {}, provvigione = {}, listino = {}, sconto = {}, fido = {};
 };
 
 struct Voice {  // of the chart
@@ -64,6 +74,7 @@ struct Company {
   std::string ragsoc, indirizzo, citta, partitaiva, year;
   std::vector<Voice> mastri, conti, sottoconti;
   std::vector<Customer> customers, suppliers;
+  std::vector<Customer> agents;
   // Of January, February and March, by date and number.
   std::vector<Invoice> invoices, purchases;
   std::vector<Receipt> receipts;

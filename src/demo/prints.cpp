@@ -78,6 +78,17 @@ void printBalances(Script& script, Prints& prints) {
   script.say("close");
 }
 
+void printLists(Script& script, Prints& prints) {
+  for (const std::string_view unit : {"SPS", "SPSFORN"}) {
+    script.say("open", {unit});
+    for (const std::string_view column :
+         {"Ragione sociale", "Città", "Telefono", "Condizioni pagamento", "Saldo contabile"})
+      script.say("check", {column, "on"});
+    prints.press();
+    script.say("close");
+  }
+}
+
 }  // namespace
 
 std::string pdfName(std::size_t number) { return "stampa-" + std::to_string(number) + ".pdf"; }
@@ -92,6 +103,7 @@ void printBooks(Script& script, const Company& company, const std::filesystem::p
   printJournal(script, company, prints);
   printCards(script, company, prints);
   printBalances(script, prints);
+  printLists(script, prints);
 }
 
 }  // namespace demo

@@ -10,9 +10,9 @@
 
 namespace demo {
 
-// The registers and the settlement of each month, the general journal, cards, a statement, the entries and
-// the balance, previewed. Each is told by `report` and then written into `folder` as a PDF file; neither,
-// when that is empty.
+// The registers and the settlement of each month, the general journal, cards, a statement, the entries,
+// the balance and the lists of customers and suppliers, previewed. Each is told by `report` and then written
+// into `folder` as a PDF file; neither, when that is empty.
 void printBooks(Script& script, const Company& company, const std::filesystem::path& folder);
 
 // Of the file that the PDF of the print of that number, from 1, is written into.

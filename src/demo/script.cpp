@@ -10,8 +10,6 @@
 namespace demo {
 namespace {
 
-constexpr std::size_t kFirstCode = 50;  // the last one that a new company has used
-
 void openCompany(Script& script, const Company& company) {
   script.say("start");
   script.say("press", {"Nuova azienda"});
@@ -52,50 +50,66 @@ void enterVoices(Script& script, const Company& company) {
   script.say("close");
 }
 
-void enterCustomers(Script& script, const Company& company) {
-  script.say("open", {"RCLIENTE"});
-  for (const Customer& customer : company.customers) {
-    script.set("Ragione sociale", customer.ragsoc);
-    script.set("Indirizzo", customer.indirizzo);
-    script.set("CAP", customer.cap);
-    script.set("Città", customer.citta);
-    script.set("Prov.", customer.provincia);
-    script.set("Partita iva", customer.partitaiva);
-    script.set("Tel.", customer.telefono);
-    script.say("pick", {"pagamento", customer.pagamento});
-    script.say("press", {"Registra"});
+void setGiven(Script& script, std::string_view control, const std::string& text) {
+  if (!text.empty()) script.set(control, text);
+}
+
+void pickGiven(Script& script, std::string_view control, const std::string& item) {
+  if (!item.empty()) script.say("pick", {control, item});
+}
+
+void enterDestinations(Script& script, const std::vector<Destination>& destinations) {
+  int slot = 0;
+  for (const Destination& destination : destinations) {
+    script.say("spin", {"Destinazione", std::to_string(++slot)});
+    script.set("Nominativo", destination.nominativo);
+    script.set("Destinazioni/Indirizzo", destination.indirizzo);
+    script.set("Destinazioni/Città", destination.citta);
   }
+}
+
+void enterCard(Script& script, const Customer& card, std::string_view tipo) {
+  script.set("Ragione sociale", card.ragsoc);
+  script.set("Indirizzo", card.indirizzo);
+  setGiven(script, "CAP", card.cap);
+  script.set("Città", card.citta);
+  setGiven(script, "Prov.", card.provincia);
+  setGiven(script, "Partita iva", card.partitaiva);
+  setGiven(script, "Tel.", card.telefono);
+  setGiven(script, "Fax", card.fax);
+  setGiven(script, "e-mail", card.email);
+  setGiven(script, "Banca", card.banca);
+  setGiven(script, "ABI", card.abi);
+  setGiven(script, "CAB", card.cab);
+  pickGiven(script, "pagamento", card.pagamento);
+  setGiven(script, "text17", card.sconto);
+  setGiven(script, tipo, card.tipo);
+  setGiven(script, "Zona", card.zona);
+  pickGiven(script, "listino", card.listino);
+  pickGiven(script, "agente1", card.agente);
+  setGiven(script, "Agente 1°/Provvigione", card.provvigione);
+  if (!card.agente.empty()) script.say("pick", {"tipoprovv1", "Legate al cliente"});
+  setGiven(script, "Fido", card.fido);
+  setGiven(script, "note", card.note);
+  enterDestinations(script, card.destinations);
+  script.say("press", {"Registra"});
+}
+
+// Agents come first: the cards of customers name them.
+void enterParties(Script& script, const Company& company) {
+  script.say("open", {"RFORN", "agente"});
+  for (const Customer& agent : company.agents) enterCard(script, agent, "Tipo fornitore");
+  script.say("close");
+  script.say("open", {"RCLIENTE"});
+  for (const Customer& customer : company.customers) enterCard(script, customer, "Tipo cliente");
+  script.say("close");
+  script.say("open", {"RFORN"});
+  for (const Customer& supplier : company.suppliers) enterCard(script, supplier, "Tipo fornitore");
   script.say("close");
 }
 
 std::string cell(std::string_view column, int row) {
   return std::string(column) + "(" + std::to_string(row) + ")";
-}
-
-// Suppliers go straight into the chart, under the numbers that follow those drawn so far.
-void enterSuppliers(Script& script, const Company& company) {
-  auto code = static_cast<int>(kFirstCode + company.mastri.size() + company.conti.size() +
-                               company.sottoconti.size() + company.customers.size());
-  for (const Customer& supplier : company.suppliers) {
-    const std::string key = common::zeroFill(++code, 5);
-    script.put("pc", key,
-               {{"ragsoc", supplier.ragsoc},
-                {"indirizzo", supplier.indirizzo},
-                {"citta", supplier.citta},
-                {"cap", supplier.cap},
-                {"provincia", supplier.provincia},
-                {"partitaiva", supplier.partitaiva},
-                {"telefono", supplier.telefono},
-                {"pagamento", supplier.pagamento},
-                {"tipo", "f"},
-                {"natura", "p"},
-                {"mastro", "00002"},
-                {"conto", "00006"},
-                {"codice", "0000200006" + key},
-                {"chiavetipo", "f" + supplier.ragsoc},
-                {"chiavegruppo", "cf" + supplier.ragsoc}});
-  }
-  script.put("pr", "conto", {{"valore", code}});
 }
 
 void registerDocument(Script& script, const Invoice& invoice, bool purchase) {
@@ -180,8 +194,7 @@ std::string scriptOf(const Company& company, const std::filesystem::path& prints
   openCompany(script, company);
   enterVatCode(script);
   enterVoices(script, company);
-  enterCustomers(script, company);
-  enterSuppliers(script, company);
+  enterParties(script, company);
   registerDocuments(script, company.invoices, false);
   registerDocuments(script, company.purchases, true);
   registerReceipts(script, company);
