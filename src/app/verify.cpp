@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "ledger/books/book_rules.h"
+#include "ledger/due_rules.h"
 #include "ledger/ledger_rules.h"
 #include "vat/vat_rules.h"
 
@@ -12,7 +13,7 @@ namespace tarvex {
 std::vector<Violation> verify(Session& session,
                               const std::function<void(std::size_t done, std::size_t all)>& step) {
   std::vector<Rule> rules;
-  for (const std::span<const Rule> folder : {ledgerRules(), vatRules(), bookRules()})
+  for (const std::span<const Rule> folder : {ledgerRules(), vatRules(), bookRules(), dueRules()})
     rules.insert(rules.end(), folder.begin(), folder.end());
   std::vector<Violation> violations;
   for (std::size_t i = 0; i < rules.size(); ++i) {

@@ -106,6 +106,23 @@ bool addUnder(Session& session, const std::string& key, const DueDate& due) {
   });
 }
 
+// Gives the instalment with the lowest key that fits, and whose `pagamento` reads `from`, the value `to`. Its
+// key; empty when none fits.
+std::string markInstalment(Session& session, DueLedger ledger, const InstalmentRef& instalment,
+                           std::string_view from, std::string_view to) {
+  const DueDate* lowest = nullptr;
+  const auto all = dueDatesOf(session, ledger, instalment.conto);
+  for (const DueDate& due : all) {
+    if (due.pagamento != from || due.datafatt != instalment.datafatt) continue;
+    if (!sameNumber(due.numero, instalment.numero)) continue;
+    if (!instalment.scadenza.empty() && due.scadenza != instalment.scadenza) continue;
+    if (!lowest || due.key < lowest->key) lowest = &due;
+  }
+  if (!lowest) return {};
+  const bool marked = changeDueDate(session, ledger, lowest->key, [&](DueDate& due) { due.pagamento = to; });
+  return marked ? lowest->key : std::string();
+}
+
 }  // namespace
 
 bool sameNumber(std::string_view one, std::string_view other) {
@@ -186,24 +203,12 @@ void removeDueDate(Session& session, DueLedger ledger, std::string_view key) {
 
 std::string closeInstalment(Session& session, DueLedger ledger, const InstalmentRef& instalment,
                             std::string_view date) {
-  const DueDate* lowest = nullptr;
-  const auto all = dueDatesOf(session, ledger, instalment.conto);
-  for (const DueDate& due : all) {
-    if (!isOpen(due) || due.datafatt != instalment.datafatt) continue;
-    if (!sameNumber(due.numero, instalment.numero)) continue;
-    if (!instalment.scadenza.empty() && due.scadenza != instalment.scadenza) continue;
-    if (!lowest || due.key < lowest->key) lowest = &due;
-  }
-  if (!lowest) return {};
-  const bool closed =
-      changeDueDate(session, ledger, lowest->key, [&](DueDate& due) { due.pagamento = date; });
-  return closed ? lowest->key : std::string();
+  return markInstalment(session, ledger, instalment, {}, date);
 }
 
-void reopenInstalment(Session& session, DueLedger ledger, std::string_view key, std::string_view date) {
-  changeDueDate(session, ledger, key, [&](DueDate& due) {
-    if (due.pagamento == date) due.pagamento.clear();
-  });
+void reopenInstalment(Session& session, DueLedger ledger, const InstalmentRef& instalment,
+                      std::string_view date) {
+  markInstalment(session, ledger, instalment, date, {});
 }
 
 std::vector<DueDate> removeDueDates(Session& session, const InstalmentRef& document, bool negative) {

@@ -7,6 +7,7 @@
 #include "common/date.h"
 #include "common/mask.h"
 #include "common/text.h"
+#include "ledger/entry_dues.h"
 #include "ledger/forms.h"
 #include "ledger/revision.h"
 #include "ledger/vat_rows.h"
@@ -396,8 +397,13 @@ void InvoiceForm::registerDocument() {
   for (;;) {
     InvoiceDocument posted = document();
     if (kind_.lire) convertFromLire(posted, session_.EuroRate);
-    const Posted result = postEntry(session_, invoiceEntry(kind_, posted), {.replaces = revision_.nummov()});
-    if (result == Posted::done) break;
+    const DueDates dues = fallingDue(session_, kind_, posted);
+    const Posted result =
+        postEntry(session_, invoiceEntry(kind_, posted), {.replaces = revision_.nummov(), .dues = dues});
+    if (result == Posted::done) {
+      tellMissingCondition(session_, dues);
+      break;
+    }
     if (result == Posted::failed) return;
     if (result == Posted::gone) return tellEntryGone(session_);
     if (!moveToFreeNumber(agreed)) return;

@@ -190,14 +190,16 @@ Posted postEntry(Session& session, const Entry& entry, const PostingOptions& opt
   const bool counted = !entry.counter.name.empty();
   if (counted) session.pr.spinLock(entry.counter.name);
   session.pr.spinLock("mc");
+  std::vector<DueDate> replaced;
   if (!options.replaces.empty()) {
     const auto old = readEntry(session, options.replaces);
     if (!old) return Posted::gone;
-    takeBack(session, *old);
+    replaced = takeBack(session, *old);
   }
   if (isTaken(session, entry)) return Posted::taken;
   writeEntry(session, entry);
   if (counted) keepNumber(session, entry.counter);
+  writeDueDates(session, options.dues, std::move(replaced));
   if (options.also) options.also();
   session.pr.unlock("mc");
   if (counted) session.pr.unlock(entry.counter.name);

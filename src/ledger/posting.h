@@ -14,6 +14,7 @@
 #include "archives/iv.h"
 #include "archives/mc.h"
 #include "archives/tt.h"
+#include "duedates/generate.h"
 #include "session/session.h"
 
 namespace tarvex {
@@ -94,14 +95,16 @@ enum class Posted {
 // What else happens together with the posting.
 struct PostingOptions {
   std::string replaces = {};        // `nummov` of an entry that is taken back first: the one revised
-  std::function<void()> also = {};  // writes what belongs to the entry elsewhere, such as due dates; no box
+  DueDates dues = {};               // what the entry makes due; what it replaces keeps its payments
+  std::function<void()> also = {};  // writes what else belongs to the entry elsewhere; no box
 };
 
 // Posts the entry as one group: the lock of its register's counter; the lock "mc" of `pr`; the removal of the
 // entry that it replaces; whether the number is still free in its register; the number of the entry; each
 // line followed by its progressives; the VAT rows with the rate of their code in force now; the rows of the
-// screen; the counter of the register, when the number is greater; `also`. All of it or, with any other
-// outcome than `done`, nothing: then the screen keeps what it shows. The busy pointer shows meanwhile.
+// screen; the counter of the register, when the number is greater; the due dates; `also`. All of it or, with
+// any other outcome than `done`, nothing: then the screen keeps what it shows. The busy pointer shows
+// meanwhile.
 Posted postEntry(Session& session, const Entry& entry, const PostingOptions& options = {});
 
 }  // namespace tarvex

@@ -1,5 +1,6 @@
 #include "ledger/removal.h"
 
+#include "ledger/entry_dues.h"
 #include "ledger/posting.h"
 #include "ledger/vat_rows.h"
 #include "store/group.h"
@@ -60,7 +61,7 @@ std::optional<JournalEntry> readEntry(Session& session, std::string_view nummov)
   return entry;
 }
 
-void takeBack(Session& session, const JournalEntry& entry) {
+std::vector<DueDate> takeBack(Session& session, const JournalEntry& entry) {
   {
     OpenArchive<rec::mc> mc(session, 1548, 1549);
     for (std::size_t i = 0; i < entry.lines.size(); ++i)
@@ -68,6 +69,7 @@ void takeBack(Session& session, const JournalEntry& entry) {
   }
   if (const auto document = vatDocumentOf(entry.lines.front())) removeVatRows(session, *document);
   eraseScreenRows(session, entry.nummov);
+  return takeDuesBack(session, entry);
 }
 
 bool removeEntry(Session& session, std::string_view nummov, const std::function<void()>& also) {

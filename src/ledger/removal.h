@@ -10,6 +10,7 @@
 
 #include "archives/mc.h"
 #include "archives/tt.h"
+#include "duedates/due_ledgers.h"
 #include "session/session.h"
 
 namespace tarvex {
@@ -26,9 +27,9 @@ struct JournalEntry {
 std::optional<JournalEntry> readEntry(Session& session, std::string_view nummov);
 
 // Takes an entry back: each line from the progressives of its voice, its mastro and its conto, then the line
-// itself; its VAT rows; the rows of its screen. Part of a group that the caller has opened, with the lock
-// "mc" of `pr` held.
-void takeBack(Session& session, const JournalEntry& entry);
+// itself; its VAT rows; the rows of its screen; its due dates, which are given back (ledger/entry_dues.h).
+// Part of a group that the caller has opened, with the lock "mc" of `pr` held.
+std::vector<DueDate> takeBack(Session& session, const JournalEntry& entry);
 
 // The same as a group of its own, with `also` in it. False when the entry is gone, or after a failure that
 // has been reported; then nothing was changed.
