@@ -71,6 +71,7 @@ MemoEdit::MemoEdit(ui::Memo& memo, ui::User& user, QWidget* parent)
   editor_->setTabChangesFocus(true);
   editor_->setMinimumHeight(memo.lines() * fontMetrics().lineSpacing() + 12);
   editor_->setMinimumWidth(280);
+  editor_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);  // as many lines as the memo asks for
   connect(editor_, &QTextEdit::textChanged, this, [this] { push(); });
 }
 
