@@ -41,6 +41,8 @@ std::string titleOf(const Violation& violation) {
 
 Quadra::Quadra(Session& session) : Form(session.desk(), "quadra", "Quadratura"), session_(session) {
   esito.onSelect = [this] { show(); };
+  esito.setHeight(9);
+  archivi.setHeight(5);
   ok.onPress = [this] { check(); };
   stampa.onPress = [this] { print(); };
   stampa.setEnabled(false);

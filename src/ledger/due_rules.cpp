@@ -68,7 +68,7 @@ std::optional<Dues> readDues(Session& session) {
 }
 
 std::vector<Violation> unreadable() {
-  return {{{}, "la prima nota o uno scadenzario non si leggono", {}, 0}};
+  return {{{}, "la prima nota o uno scadenzario non si legge", {}, 0}};
 }
 
 struct Document {
