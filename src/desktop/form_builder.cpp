@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "common/text.h"
+#include "desktop/chart_view.h"
 #include "desktop/field_edit.h"
 #include "desktop/form_parts.h"
 #include "desktop/form_view.h"
@@ -46,14 +47,15 @@ Box* plain(QWidget* parent, int spacing) {
 bool tall(const ui::Layout& part) {
   return part.kind == Kind::control &&
          (dynamic_cast<const ui::List*>(part.control) || dynamic_cast<const ui::Grid*>(part.control) ||
-          dynamic_cast<const ui::Memo*>(part.control));
+          dynamic_cast<const ui::Memo*>(part.control) || dynamic_cast<const ui::Chart*>(part.control));
 }
 
 // Whether it uses what height is left over.
 bool grows(const ui::Layout& part) {
   if (part.kind == Kind::space) return true;
   if (part.kind == Kind::control)
-    return dynamic_cast<const ui::List*>(part.control) || dynamic_cast<const ui::Memo*>(part.control);
+    return dynamic_cast<const ui::List*>(part.control) || dynamic_cast<const ui::Memo*>(part.control) ||
+           dynamic_cast<const ui::Chart*>(part.control);
   return std::any_of(part.parts.begin(), part.parts.end(), grows);
 }
 
@@ -222,6 +224,7 @@ QWidget* FormBuilder::make(ui::Control& control, QWidget* caption) {
   if (auto* button = dynamic_cast<ui::Button*>(&control)) return makeButton(*button);
   if (auto* memo = dynamic_cast<ui::Memo*>(&control)) return makeMemo(*memo, caption);
   if (auto* spin = dynamic_cast<ui::Spin*>(&control)) return makeSpin(*spin, caption);
+  if (auto* chart = dynamic_cast<ui::Chart*>(&control)) return makeChart(*chart, caption);
   auto& choice = dynamic_cast<ui::Choice&>(control);
   return choice.look() == ui::Choice::Look::combo ? makeCombo(choice, caption) : makeOptions(choice, caption);
 }
@@ -393,6 +396,13 @@ QWidget* FormBuilder::makeList(ui::List& list, QWidget* caption) {
   view_.bind(
       list, view, [view] { view->pull(); }, caption);
   view_.own(view->viewport(), list);
+  return view;
+}
+
+QWidget* FormBuilder::makeChart(ui::Chart& chart, QWidget* caption) {
+  auto* view = new ChartView(chart);
+  view_.bind(
+      chart, view, [view] { view->update(); }, caption);
   return view;
 }
 

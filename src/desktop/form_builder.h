@@ -1,6 +1,7 @@
 // The widgets of a form: its layout as boxes and rows, each control by its kind.
 #pragma once
 
+#include "ui/chart.h"
 #include "ui/form.h"
 
 class QGridLayout;
@@ -33,6 +34,7 @@ class FormBuilder {
   QWidget* makeSpin(ui::Spin& spin, QWidget* caption);
   QWidget* makeList(ui::List& list, QWidget* caption);
   QWidget* makeGrid(ui::Grid& grid);
+  QWidget* makeChart(ui::Chart& chart, QWidget* caption);
   int chars(int count) const;
 
   FormView& view_;

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "ui/chart.h"
+
 namespace driver {
 namespace {
 
@@ -34,6 +36,13 @@ void addList(Json& json, const ui::List& list) {
     json["selected"] = list.selected();
 }
 
+void addChart(Json& json, const ui::Chart& chart) {
+  json["labels"] = chart.labels();
+  json["series"] = Json::array();
+  for (const ui::Series& series : chart.series())
+    json["series"].push_back({{"name", series.name}, {"values", series.values}});
+}
+
 }  // namespace
 
 Json toJson(const ui::Control& control) {
@@ -51,6 +60,8 @@ Json toJson(const ui::Control& control) {
     json["selected"] = choice->index();
   } else if (auto* list = dynamic_cast<const ui::List*>(&control)) {
     addList(json, *list);
+  } else if (auto* chart = dynamic_cast<const ui::Chart*>(&control)) {
+    addChart(json, *chart);
   } else if (auto* spin = dynamic_cast<const ui::Spin*>(&control)) {
     json["value"] = spin->value();
   } else if (auto* tabs = dynamic_cast<const ui::Tabs*>(&control)) {

@@ -25,15 +25,19 @@ TurnoverPage::TurnoverPage(Session& session, Form& form)
       years_(yearsTo(session.WorkYear)),
       carica_(form, "carica", "&Carica dati"),
       mesi_(form, "mesi", "Fatturato per mese",
-            {{"Mese", 12}, {years_[0], 16, true}, {years_[1], 16, true}, {years_[2], 16, true}}) {
+            {{"Mese", 10}, {years_[0], 13, true}, {years_[1], 13, true}, {years_[2], 13, true}}),
+      grafico_(form, "grafico", "Andamento") {
   carica_.onPress = [this] { load(); };
 }
 
-Layout TurnoverPage::layout() const { return column({mesi_, buttons({carica_})}); }
+Layout TurnoverPage::layout() const {
+  return column({side({column({mesi_}), column({grafico_})}), buttons({carica_})});
+}
 
 void TurnoverPage::start(const std::string& code) {
   code_ = code;
   mesi_.setRows(std::vector<std::vector<std::string>>());
+  grafico_.clear();
 }
 
 void TurnoverPage::load() {
@@ -56,6 +60,10 @@ void TurnoverPage::show(const std::array<MonthlyTurnover, kYears>& turnover) {
     totals.push_back(amount(std::accumulate(year.begin(), year.end(), 0.0)));
   rows.push_back(std::move(totals));
   mesi_.setRows(std::move(rows));
+  std::vector<Series> series;
+  for (std::size_t back = 0; back < kYears; ++back)
+    series.push_back({years_[back], {turnover[back].begin(), turnover[back].end()}});
+  grafico_.show({session_.MonthNames.begin() + 1, session_.MonthNames.end()}, std::move(series));
 }
 
 }  // namespace tarvex

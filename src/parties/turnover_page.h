@@ -5,6 +5,7 @@
 #include <string>
 
 #include "parties/history.h"
+#include "ui/chart.h"
 #include "ui/form.h"
 
 namespace tarvex {
@@ -25,6 +26,7 @@ class TurnoverPage {
   std::array<std::string, kYears> years_;  // the heads of the table are views of them
   ui::Button carica_;
   ui::List mesi_;
+  ui::Chart grafico_;
 };
 
 }  // namespace tarvex
