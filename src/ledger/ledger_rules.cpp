@@ -105,7 +105,7 @@ void compare(const std::string& code, std::string_view what, double stands, doub
                         common::roundBalance(stands - shouldBe)});
 }
 
-// With the opening entry in the journal, a voice may have its amounts in or, after RICO, out.
+// With the opening entry in the journal its amounts are taken out of the progressives, as RICO does.
 Sums withoutOpening(const Sums& sums, double opening) {
   return {sums.dare - std::max(opening, 0.0), sums.avere + std::min(opening, 0.0)};
 }
@@ -122,9 +122,7 @@ std::vector<Violation> checkProgressives(Session& session) {
     const std::string& code = pc.primaryKey();
     const auto found = expected.find(code);
     Sums sums = found == expected.end() ? Sums{} : found->second;
-    const Sums out = withoutOpening(sums, pc.B.saldoiniziale);
-    if (opened && pc.B.natura == "p" && !differ(pc.B.dare, out.dare) && !differ(pc.B.avere, out.avere))
-      sums = out;
+    if (opened && pc.B.natura == "p") sums = withoutOpening(sums, pc.B.saldoiniziale);
     compare(code, "dare", pc.B.dare, sums.dare, violations);
     compare(code, "avere", pc.B.avere, sums.avere, violations);
     compare(code, "saldo", pc.B.saldo, pc.B.saldoiniziale + pc.B.dare - pc.B.avere, violations);

@@ -12,8 +12,8 @@ namespace tarvex {
 //
 // "progressives equal the journal": dare and avere of each voice are, to the cent, the sums of the journal
 // rows of the voices whose code, mastro or conto it is (a voice counts once on each level), and its saldo is
-// saldoiniziale + dare - avere. Where the opening entry is posted, its amounts may have been taken out again,
-// as RICO does.
+// saldoiniziale + dare - avere. Where the opening entry is posted, its amounts are taken out of the voices of
+// the balance sheet again.
 //
 // Both pass over rows that are registered in another year: open items that came over from the year before
 // stand by themselves.

@@ -90,7 +90,7 @@ TEST_CASE("RICO makes the progressives from the rows of its year, on three level
                              "dump pc 00051\ndump pc 00005\ndump pc 00001\nput pc 00051 "
                              "{\"dare\":1,\"saldo\":9,\"natura\":\"p\",\"saldoiniziale\":40}\n"
                              "open RICO\npress ok\ndump pc 00051\nput ct 1 {\"bapflag\":\"n\"}\nopen "
-                             "RICO\npress ok\ndump pc 00051\n");
+                             "RICO\npress ok\ndump pc 00051\nverify\n");
   for (std::size_t level = 0; level < 3; ++level) CHECK(amount(a, level + 1, "dare") == 107);
   CHECK(a[6]["ok"] == true);
   CHECK(amount(a, 7, "dare") == 107);
@@ -98,6 +98,9 @@ TEST_CASE("RICO makes the progressives from the rows of its year, on three level
   // The opening entry would be in the journal: what it brought is taken out, the balance is that of the rows.
   CHECK(amount(a, 11, "dare") == 67);
   CHECK(amount(a, 11, "saldo") == 107);
+  // Of another year's row the progressives know nothing.
+  REQUIRE(a[12]["violations"].size() == 1);
+  CHECK(a[12]["violations"][0]["rule"] == "the journal prints every row");
 }
 
 TEST_CASE("an index that is damaged is told by VALL1, mended by VALL2, and the books are in order") {
