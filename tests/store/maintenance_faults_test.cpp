@@ -8,6 +8,7 @@
 
 #include "store/fault_place.h"
 #include "store/postings.h"
+#include "tools/damage.h"
 
 namespace {
 
@@ -55,6 +56,24 @@ std::string judge(const std::string& directory, long) {
 }
 
 }  // namespace
+
+TEST_CASE("an archive that is damaged before its last group came to it is repaired with that group") {
+  // The company does not open, since the group in the log cannot be brought to its end.
+  const Place place(books());
+  const std::string path = place.directory + "/2003ABmc.ISD";
+  std::string bytes = test::bytesOf(path);
+  bytes[20] = '\x55';  // in the head of the database: reserved space at the end of each page
+  test::writeBytes(path, bytes);
+  CHECK_FALSE(test::Postings(Place(place.directory).directory).isOpen());
+  store::RecordStore station(test::optionsOfTests());
+  CHECK(station.VTVal(place.directory + "/2003ABmc") == store::kDisk);
+  CHECK(station.VTRebuild(place.directory + "/2003ABmc") != store::kOk);
+  std::string report;
+  CHECK(station.VTRepair(place.directory + "/2003ABmc", report) == store::kOk);
+  CHECK(report == "Grp=" + std::to_string(2 * (kPostings - 1)) + "\n");  // before the log is read
+  CHECK(station.VTVal(place.directory + "/2003ABmc") == store::kOk);
+  CHECK(judge(place.directory, 0) == "");
+}
 
 TEST_CASE("a station killed while it rebuilds or repairs leaves whole books") {
   for (const std::string what : {"rebuild", "repair"}) {
