@@ -23,5 +23,5 @@ tarvex_need_build() {
 
 # The window: what it is built from, its fonts, and the reader by which the tests check PDFs.
 tarvex_need_desktop() {
-  tarvex_need qt6-base-dev qt6-svg-dev libgl-dev fonts-liberation2 fonts-open-sans poppler-utils
+  tarvex_need qt6-base-dev qt6-svg-dev libgl-dev libxlsxwriter-dev fonts-liberation2 fonts-open-sans poppler-utils
 }

@@ -19,6 +19,7 @@ constexpr Unit kUnits[] = {
     {"BIL", makeBil},
     {"COPIAPC", makeCopiapc},
     {"DUPLICA", makeDuplica},
+    {"Foglio", makeFoglio},
     {"LIQIVA", makeLiqiva},
     {"LIQIVA1", makeLiqiva1},
     {"LIQIVASR", makeLiqivasr},

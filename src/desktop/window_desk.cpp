@@ -19,6 +19,7 @@
 #include "desktop/main_window.h"
 #include "desktop/report_paint.h"
 #include "desktop/report_view.h"
+#include "desktop/sheet_view.h"
 #include "desktop/words.h"
 #include "ui/report.h"
 #include "ui/user.h"
@@ -101,6 +102,8 @@ WindowDesk::WindowDesk(MainWindow& window) : window_(window) {
     if (form) form->view().setInFront(true);
     auto* report = active ? dynamic_cast<ReportView*>(active->widget()) : nullptr;
     if (report) return window_.keys().show(report, report->keys());
+    auto* sheet = active ? dynamic_cast<SheetView*>(active->widget()) : nullptr;
+    if (sheet) return window_.keys().show(sheet, sheet->keys());
     window_.keys().showKeysOf(form ? &form->view() : nullptr);
   });
 }
@@ -212,18 +215,27 @@ void WindowDesk::paintNow() {
   painted_.start();
 }
 
-void WindowDesk::preview(std::shared_ptr<const ui::Report> report) {
-  auto* view = new ReportView(std::move(report));
-  view->onPrint = [this](const std::shared_ptr<const ui::Report>& shown) { print(shown); };
+// In the frame, beside the forms; the frame remembers where under `name`.
+void WindowDesk::stand(QWidget& content, const char* name) {
   auto* window =
       new QMdiSubWindow(nullptr, Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowMinMaxButtonsHint |
                                      Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint);
   window->setAttribute(Qt::WA_DeleteOnClose);
-  window->setWidget(view);
-  window->setWindowTitle(view->windowTitle());
-  window_.stand(*window, QSize(900, 4000), "anteprima");
+  window->setWidget(&content);
+  window->setWindowTitle(content.windowTitle());
+  window_.stand(*window, QSize(900, 4000), name);
+  content.setFocus(Qt::OtherFocusReason);
+}
+
+void WindowDesk::preview(std::shared_ptr<const ui::Report> report) {
+  auto* view = new ReportView(std::move(report));
+  view->onPrint = [this](const std::shared_ptr<const ui::Report>& shown) { print(shown); };
+  stand(*view, "anteprima");
   view->setZoom(previewZoom);
-  view->setFocus(Qt::OtherFocusReason);
+}
+
+void WindowDesk::sheet(std::shared_ptr<const ui::Sheet> sheet) {
+  stand(*new SheetView(std::move(sheet)), "foglio");
 }
 
 bool WindowDesk::print(std::shared_ptr<const ui::Report> report) {
@@ -243,8 +255,8 @@ bool WindowDesk::print(std::shared_ptr<const ui::Report> report) {
   return printReport(*report, printer);
 }
 
-std::optional<std::string> WindowDesk::chooseFile(std::string_view title, std::string_view filter,
-                                                  bool save, std::string_view directory) {
+std::optional<std::string> WindowDesk::chooseFile(std::string_view title, std::string_view filter, bool save,
+                                                  std::string_view directory) {
   const Nested nested(*this);
   // "Archivio(*.isd)|*.isd": here the patterns stand in the parentheses, in either case.
   QString patterns = text(filter);

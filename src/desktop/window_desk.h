@@ -9,6 +9,7 @@
 #include "ui/desk.h"
 
 class QDialog;
+class QWidget;
 
 namespace desktop {
 
@@ -34,6 +35,7 @@ class WindowDesk : public ui::Desk {
   bool progress(std::size_t done, std::size_t all) override;
   void preview(std::shared_ptr<const ui::Report> report) override;
   bool print(std::shared_ptr<const ui::Report> report) override;
+  void sheet(std::shared_ptr<const ui::Sheet> sheet) override;
   std::optional<std::string> chooseFile(std::string_view title, std::string_view filter, bool save,
                                         std::string_view directory = {}) override;
   std::vector<std::string> printerFonts() const override;
@@ -49,6 +51,7 @@ class WindowDesk : public ui::Desk {
   void formClosed(FormWindow* window);
   void bury();
   void paintNow();
+  void stand(QWidget& content, const char* name);
 
   MainWindow& window_;
   std::vector<std::pair<ui::Form*, QDialog*>> modal_;  // from the outermost

@@ -22,6 +22,7 @@
 #include "ui/desk.h"
 #include "ui/form.h"
 #include "ui/report.h"
+#include "ui/sheet.h"
 
 namespace driver {
 
@@ -65,6 +66,7 @@ class Driver : public ui::Desk {
   void busy(bool) override {}
   void preview(std::shared_ptr<const ui::Report> report) override;
   bool print(std::shared_ptr<const ui::Report> report) override;
+  void sheet(std::shared_ptr<const ui::Sheet> sheet) override { sheet_ = std::move(sheet); }
   std::optional<std::string> chooseFile(std::string_view title, std::string_view filter, bool save,
                                         std::string_view directory = {}) override;
   std::vector<std::string> printerFonts() const override { return options_.printerFonts; }
@@ -82,6 +84,7 @@ class Driver : public ui::Desk {
   ui::Form* modal() const;  // the innermost modal form
   bool isModal(const ui::Form& form) const;
   const std::vector<Printed>& printed() const { return printed_; }
+  const ui::Sheet* lastSheet() const { return sheet_.get(); }  // null: none has been filled
   std::string panel(int number) const;
 
   std::deque<ui::Answer> answers;                // to the questions to come
@@ -120,6 +123,7 @@ class Driver : public ui::Desk {
   std::vector<std::unique_ptr<ui::Form>> owned_;  // destroyed before the session
   std::map<int, std::string> panels_;
   std::vector<Printed> printed_;
+  std::shared_ptr<const ui::Sheet> sheet_;
 
   std::string line_;
   PendingAnswer answer_;

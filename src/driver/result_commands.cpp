@@ -86,6 +86,17 @@ void pdf(Call& call) {
     call.fail(error);
 }
 
-void sheet(Call& call) { call.fail("no sheet has been filled"); }
+void sheet(Call& call) {
+  const ui::Sheet* filled = call.driver.lastSheet();
+  if (!filled) return call.fail("no sheet has been filled");
+  Json cells = Json::array();
+  for (const auto& row : filled->rows) {
+    Json shown = Json::array();
+    for (const ui::SheetCell& cell : row) shown.push_back(cell.shown());
+    cells.push_back(std::move(shown));
+  }
+  call.add("title", filled->title);
+  call.add("cells", std::move(cells));
+}
 
 }  // namespace driver::command

@@ -19,6 +19,7 @@ std::unique_ptr<ui::Form> makePass(Session& session);  // for the company whose 
 std::unique_ptr<ui::Form> makeVALL1(Session& session);
 std::unique_ptr<ui::Form> makeVALL2(Session& session);
 std::unique_ptr<ui::Form> makeVALL3(Session& session);
+std::unique_ptr<ui::Form> makeFoglio(Session& session);
 std::unique_ptr<ui::Form> makeParges(Session& session);
 std::unique_ptr<ui::Form> makePassw(Session& session);
 

@@ -26,6 +26,11 @@ bool layOutWhole(ui::Desk& desk, const ui::Report& report, const std::function<s
   return true;
 }
 
+void showSheet(Session& session, ui::Sheet sheet) {
+  session.LastSheet = std::make_shared<const ui::Sheet>(std::move(sheet));
+  session.desk().sheet(session.LastSheet);
+}
+
 bool showReport(ui::Desk& desk, std::shared_ptr<const ui::Report> report, bool preview) {
   if (!preview) return desk.print(std::move(report));
   desk.preview(std::move(report));

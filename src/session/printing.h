@@ -8,6 +8,7 @@
 #include "session/session.h"
 #include "ui/paged.h"
 #include "ui/report.h"
+#include "ui/sheet.h"
 
 namespace tarvex {
 
@@ -20,6 +21,9 @@ ui::Letterhead letterhead(Session& session, bool company, int blankLines, int po
 // it.
 bool layOutWhole(ui::Desk& desk, const ui::Report& report, const std::function<std::size_t()>& done,
                  std::size_t all);
+
+// Opens the cells in the spreadsheet; Foglio shows them again.
+void showSheet(Session& session, ui::Sheet sheet);
 
 // False: it was to be printed, and was not.
 bool showReport(ui::Desk& desk, std::shared_ptr<const ui::Report> report, bool preview);

@@ -75,6 +75,7 @@ class Session {
   int AgentMode = 0;               // 1: the supplier screens made next serve agents
   std::string LastRegisteredName;  // what RCLIENT3 and RFORN3 hand back
   std::string EntryToRevise;       // number of the journal's entry, for the revision form opened next
+  std::shared_ptr<const ui::Sheet> LastSheet;  // what Foglio shows
   std::string VoiceToShow;         // code of the voice whose card visched1 opens on
   std::string DocumentToShow;      // key of the document that VISDOC1 opens on
 

@@ -13,6 +13,7 @@ namespace ui {
 class Control;
 class Form;
 class Report;
+struct Sheet;
 
 enum class Answer { ok, cancel, yes, no };
 enum class Ask { ok, okCancel, yesNo, yesNoCancel };
@@ -61,6 +62,9 @@ class Desk {
   virtual void preview(std::shared_ptr<const Report> report) = 0;
   // False: nothing was printed, as there is no printer, or the user gave up, or the printer failed.
   virtual bool print(std::shared_ptr<const Report> report) = 0;
+
+  // Shows the cells in a window of their own.
+  virtual void sheet(std::shared_ptr<const Sheet> sheet) = 0;
 
   // A path to open or to save to; nothing when the user gives up. `filter` as "Archivio(*.isd)|*.isd", or
   // patterns alone; the choice begins in `directory`, where one is told.

@@ -36,6 +36,7 @@ class Bil : public Form {
   Field dalla{*this, "text2", "dalla data:", Mask::pattern(session_.YearDateMask)};
   Field alla{*this, "text1", "alla data:", Mask::pattern(session_.YearDateMask)};
   Check anteprima{*this, "Check2", "Anteprima di &stampa"};
+  Check foglio{*this, "Check3", "&Carica dati nel foglio elettronico"};
   Button ok{*this, "ok", "&OK", Button::Role::main};
   Button annulla{*this, "annulla", "&Annulla", Button::Role::cancel};
 };
@@ -47,6 +48,8 @@ Bil::Bil(Session& session) : Form(session.desk(), "BIL", "Stampa Bilancio"), ses
   alla.setText(common::isDateOf(session.TodayText, session.WorkYear) ? session.TodayText
                                                                      : "31/12/" + session.WorkYear);
   anteprima.set(true);
+  anteprima.onChange = [this] { foglio.set(false); };
+  foglio.onChange = [this] { anteprima.set(false); };
   ok.onPress = [this] { print(); };
   annulla.onPress = [this] { close(); };
   on(
@@ -56,7 +59,7 @@ Bil::Bil(Session& session) : Form(session.desk(), "BIL", "Stampa Bilancio"), ses
 
 Layout Bil::layout() const {
   return column({group("Lettura dati", {row({lettura}), row({dalla, alla})}),
-                 group("Stampa", {row({anteprima})}), space(), buttons({ok, annulla})});
+                 group("Stampa", {row({anteprima, foglio})}), space(), buttons({ok, annulla})});
 }
 
 void Bil::enable() {
@@ -97,6 +100,7 @@ void Bil::print() {
   if (!asked) return;
   const auto computed = compute(*asked);
   if (!computed) return;
+  if (foglio.on()) return showSheet(session_, sheetOf(computed->balance));
   const BalancePage page{*asked, session_.TodayText, session_.CompanyName};
   showReport(desk(), layOut(computed->balance, page, printSetup(session_)), anteprima.on());
 }

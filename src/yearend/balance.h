@@ -13,6 +13,7 @@
 #include "ledger/books/journal_walk.h"
 #include "session/trace.h"
 #include "ui/report.h"
+#include "ui/sheet.h"
 
 namespace tarvex {
 
@@ -85,6 +86,9 @@ struct BalancePage {
   std::string today, company;
 };
 std::shared_ptr<const ui::Report> layOut(const Balance& balance, const BalancePage& page, ui::Setup setup);
+
+// The same content in the same order as cells.
+ui::Sheet sheetOf(const Balance& balance);
 
 // Each account with what makes it, and each total with its accounts.
 Trace traceOf(Session& session, std::shared_ptr<const ChartVoices> voices, const Balance& balance,

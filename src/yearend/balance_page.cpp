@@ -65,4 +65,28 @@ std::shared_ptr<const ui::Report> layOut(const Balance& balance, const BalancePa
   return report;
 }
 
+ui::Sheet sheetOf(const Balance& balance) {
+  ui::Sheet sheet{"Bilancio", {static_cast<int>(kNameWidth) + 4, static_cast<int>(kAmountWidth)}, {}};
+  const auto add = [&](std::string_view name, bool bold) {
+    sheet.rows.push_back({ui::textCell(name, bold)});
+  };
+  const auto addAmount = [&](std::string_view name, double amount, bool bold = false) {
+    sheet.rows.push_back({ui::textCell(name, bold), ui::numberCell(amount, bold)});
+  };
+  for (const BalanceSide side : kBalanceSides) {
+    if (side == BalanceSide::assets) add("SITUAZIONE PATRIMONIALE", true);
+    if (side == BalanceSide::costs) add("PROFITTI E PERDITE", true);
+    add(plainName(side), true);
+    for (const BalanceLine& line : balance.half(side).lines) {
+      if (line.kind == BalanceLine::Kind::account)
+        addAmount(line.name, line.amount);
+      else
+        add(line.name, true);
+    }
+    if (const double missing = balance.missing(side); missing != 0) addAmount(resultName(side), missing);
+    addAmount("Totale a pareggio", balance.levelled(side), true);
+  }
+  return sheet;
+}
+
 }  // namespace tarvex

@@ -14,6 +14,7 @@
 
 #include "ui/lookup.h"
 #include "ui/report.h"
+#include "ui/sheet.h"
 #include "ui/user.h"
 
 class FakeDesk : public ui::Desk {
@@ -26,6 +27,7 @@ class FakeDesk : public ui::Desk {
   std::vector<std::string> boxes;  // "Errore|text", in order
   std::map<int, std::string> panels;
   std::vector<std::shared_ptr<const ui::Report>> previews, prints;
+  std::vector<std::shared_ptr<const ui::Sheet>> sheets;
   int beeps = 0, nowBusy = 0, frameChanges = 0;
   bool ended = false;
   std::function<void()> whenBusy;  // once, as the busy pointer appears: what others do at that moment
@@ -87,6 +89,7 @@ class FakeDesk : public ui::Desk {
     return true;
   }
   bool noPrinter = false;
+  void sheet(std::shared_ptr<const ui::Sheet> sheet) override { sheets.push_back(std::move(sheet)); }
 
   std::optional<std::string> chooseFile(std::string_view title, std::string_view, bool,
                                         std::string_view = {}) override {
