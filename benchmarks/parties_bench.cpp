@@ -14,6 +14,7 @@
 #include "session/station.h"
 #include "store/group.h"
 #include "tools/scratch.h"
+#include "ui/sheet.h"
 
 using namespace tarvex;
 
@@ -132,6 +133,21 @@ void printFiftyThousandCustomers(benchmark::State& state) { printTheList(state, 
 BENCHMARK(printFiftyThousandCustomers)->Unit(benchmark::kMillisecond);
 void printThemWithAllColumns(benchmark::State& state) { printTheList(state, true); }
 BENCHMARK(printThemWithAllColumns)->Unit(benchmark::kMillisecond);
+
+void loadThemIntoTheSpreadsheet(benchmark::State& state) {
+  test::Station& station = company().station;
+  for (auto _ : state) {
+    const auto form = station.session.make("SPS");
+    Hands hands(*form);
+    hands.user.begin();
+    hands.press("tutti");
+    hands.check("foglio", true);
+    hands.press("ok");
+    if (station.session.LastSheet->rows.size() != kCustomers + 1)
+      return state.SkipWithError("rows are missing");
+  }
+}
+BENCHMARK(loadThemIntoTheSpreadsheet)->Unit(benchmark::kMillisecond);
 
 // From the menu entry to the card filled.
 void openCard(benchmark::State& state, const char* unit, const char* shown) {

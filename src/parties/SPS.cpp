@@ -67,6 +67,7 @@ class PartySelection : public Form {
   std::unique_ptr<Choice> agente, listino;        // of customers
   std::unique_ptr<Range> saldo, data, fatturato;  // the others of customers
   Check anteprima{*this, "anteprima", "Anteprima di &stampa"};
+  Check foglio{*this, "foglio", "&Carica dati nel foglio elettronico"};
   Button ok{*this, "ok", "&OK", Button::Role::main};
   Button annulla{*this, "annulla", "&Annulla", Button::Role::cancel};
 };
@@ -103,6 +104,8 @@ PartySelection::PartySelection(Session& session, std::string_view unit, const Pa
     optionalDate(session_, data->to);
   }
   anteprima.set(true);
+  anteprima.onChange = [this] { foglio.set(false); };
+  foglio.onChange = [this] { anteprima.set(false); };
   tutti.onPress = [this] { tickAll(); };
   ok.onPress = [this] { print(); };
   annulla.onPress = [this] { close(); };
@@ -126,7 +129,8 @@ void PartySelection::load() {
 // --- how it lies ---
 
 Layout PartySelection::layout() const {
-  return column({tabs(schede, {tickLayout(), filterLayout()}), row({anteprima}), buttons({ok, annulla})});
+  return column({tabs(schede, {tickLayout(), filterLayout()}), row({anteprima}), row({foglio}),
+                 buttons({ok, annulla})});
 }
 
 Layout PartySelection::tickLayout() const {
@@ -209,12 +213,12 @@ void PartySelection::print() {
         {"Non è stato selezionato nessun dato da stampare", std::string(kProduct), Ask::ok, Icon::warning});
     return;
   }
-  std::shared_ptr<const Report> report;
-  {
-    const Busy busy(desk());
-    report = listReport(session_, kind_, columns, filters(), printSetup(session_));
+  const Busy busy(desk());
+  if (foglio.on()) {
+    if (auto sheet = listSheet(session_, kind_, columns, filters())) showSheet(session_, std::move(*sheet));
+  } else if (auto report = listReport(session_, kind_, columns, filters(), printSetup(session_))) {
+    showReport(desk(), std::move(report), anteprima.on());
   }
-  if (report) showReport(desk(), std::move(report), anteprima.on());
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "parties/party.h"
 #include "session/session.h"
 #include "ui/report.h"
+#include "ui/sheet.h"
 
 namespace tarvex {
 
@@ -70,5 +71,11 @@ std::map<std::string, std::string> agentNames(Session& session);
 std::shared_ptr<const ui::Report> listReport(Session& session, const PartyKind& kind,
                                              const std::vector<const PartyColumn*>& columns,
                                              const PartyFilters& filters, ui::Setup setup);
+
+// The same as cells, the heads in the first row without the blanks that pad them. Nothing after a failure
+// that has been reported.
+std::optional<ui::Sheet> listSheet(Session& session, const PartyKind& kind,
+                                   const std::vector<const PartyColumn*>& columns,
+                                   const PartyFilters& filters);
 
 }  // namespace tarvex

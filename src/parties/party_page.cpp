@@ -1,4 +1,4 @@
-// The selective list on paper.
+// The selective list on paper and as a spreadsheet.
 #include <algorithm>
 
 #include "common/mask.h"
@@ -97,6 +97,21 @@ std::shared_ptr<const ui::Report> listReport(Session& session, const PartyKind& 
   };
   if (!eachParty(session, kind, filters, write)) return nullptr;
   return report;
+}
+
+std::optional<ui::Sheet> listSheet(Session& session, const PartyKind& kind, const Columns& columns,
+                                   const PartyFilters& filters) {
+  ui::Sheet sheet{std::string(titleOf(kind)), {}, {{}}};
+  for (const PartyColumn* column : columns) {
+    sheet.widths.push_back(column->width + 2);
+    sheet.rows.front().push_back(ui::textCell(common::trim(headOf(*column, session)), true));
+  }
+  const bool whole = eachParty(session, kind, filters, [&](const ListedParty& row) {
+    auto& cells = sheet.rows.emplace_back();
+    for (const PartyColumn* column : columns)
+      cells.push_back(column->number ? ui::numberCell(column->number(row)) : ui::textCell(column->text(row)));
+  });
+  return whole ? std::optional(std::move(sheet)) : std::nullopt;
 }
 
 }  // namespace tarvex
