@@ -112,8 +112,8 @@ class PartySheet : public Form {
 
   Field ricerca{*this, "ricerca", kind_.party.field, Mask::text(30)};
   Tabs schede{*this, "schede", customer_ ? kCustomerPages : documents_ ? kSupplierPages : kAgentPages};
-  std::vector<std::unique_ptr<Label>> values_;  // of kind_.lines in turn
-  std::unique_ptr<Label> agente1, agente2;      // of customers
+  std::vector<std::unique_ptr<Label>> values_;                          // of kind_.lines in turn
+  std::unique_ptr<Label> agente1, agente2, provvigione1, provvigione2;  // of customers
   std::unique_ptr<DocumentsPage> documenti;
   std::unique_ptr<DueList> prima, seconda;
   std::unique_ptr<Button> carica;
@@ -131,7 +131,9 @@ PartySheet::PartySheet(Session& session, const SheetKind& kind)
     values_.push_back(std::make_unique<Label>(*this, line.name, line.caption, line.width));
   if (customer_) {
     agente1 = std::make_unique<Label>(*this, "agente1", "Agente 1°", 32);
+    provvigione1 = std::make_unique<Label>(*this, "provvigione1", "Provvigione:", 8);
     agente2 = std::make_unique<Label>(*this, "agente2", "Agente 2°", 32);
+    provvigione2 = std::make_unique<Label>(*this, "provvigione2", "Provvigione:", 8);
   }
   if (documents_) documenti = std::make_unique<DocumentsPage>(session_, *this, kind_.documents);
   prima = std::make_unique<DueList>(*this, "elenco1", "totale1", kind_.firstList);
@@ -172,8 +174,8 @@ Layout PartySheet::pageOf(SheetPage page) const {
     rows.parts.back().parts.push_back(*values_[i]);
   }
   if (page == SheetPage::condizioni && customer_) {
-    rows.parts.push_back(row({*agente1}));
-    rows.parts.push_back(row({*agente2}));
+    rows.parts.push_back(row({*agente1, *provvigione1}));
+    rows.parts.push_back(row({*agente2, *provvigione2}));
   }
   return rows;
 }
@@ -216,6 +218,8 @@ void PartySheet::showAgents(const rec::pc& party) {
   };
   agente1->setText(nameOf(party.agente1, 4321));
   agente2->setText(nameOf(party.agente2, 4322));
+  provvigione1->setText(common::format("#0.0", party.provvigione1));
+  provvigione2->setText(common::format("#0.0", party.provvigione2));
 }
 
 void PartySheet::showDestinations(const rec::pc& party) {

@@ -6,6 +6,7 @@
 #include "archives/cpag.h"
 #include "chart/company.h"
 #include "parties/forms.h"
+#include "session/station.h"
 
 using namespace tarvex;
 
@@ -104,4 +105,34 @@ TEST_CASE("any bytes in any field leave a record that fits") {
     CHECK(common::isUtf8(c.note + c.indirizzo + c.destcitta[1]));
     CHECK(c.chiavetipo == "cRossi");
   }
+}
+
+TEST_CASE(
+    "a screen that another one waits for hands back the name registered, and none when it is given up") {
+  const test::Scratch scratch;
+  test::Station station(scratch.path());
+  REQUIRE(station.start(test::found(station.desk, "ROSSI SRL", "2003")));
+  Session& session = station.session;
+  struct Step {
+    const char *unit, *mode, *tipo;
+  };
+  for (const Step& step : {Step{"RCLIENT3", "", "c"}, {"RFORN3", "", "f"}, {"RFORN3", "agente", "ag"}}) {
+    CAPTURE(step.tipo);
+    const std::string name = std::string("Nuovo ") + step.tipo;
+    session.LastRegisteredName.clear();
+    station.desk.modal[step.unit] = [&](ui::Form& form) { Hands(form).press("annulla"); };
+    session.run(step.unit, step.mode);
+    CHECK(session.LastRegisteredName.empty());
+    station.desk.modal[step.unit] = [&](ui::Form& form) {
+      Hands hands(form);
+      hands.set("text1", " " + name + " ");
+      hands.press("registra");
+      CHECK(!form.isOpen());
+    };
+    session.run(step.unit, step.mode);
+    CHECK(session.LastRegisteredName == name);
+    REQUIRE(session.pc.search(1, name) == store::kOk);
+    CHECK(session.pc.B.tipo == step.tipo);
+  }
+  CHECK(station.desk.boxes.empty());
 }
