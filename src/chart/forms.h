@@ -8,6 +8,13 @@
 
 namespace tarvex {
 
-std::unique_ptr<ui::Form> makeRPC(Session& session);  // RPC, "Registrazione Piano dei Conti"
+std::unique_ptr<ui::Form> makeAnpc(Session& session);
+std::unique_ptr<ui::Form> makeListapc(Session& session);
+std::unique_ptr<ui::Form> makeRPC(Session& session);
+std::unique_ptr<ui::Form> makeRegfacil(Session& session);
+std::unique_ptr<ui::Form> makeStpc(Session& session);
+std::unique_ptr<ui::Form> makeTrova(Session& session);
+std::unique_ptr<ui::Form> makeVarpc(Session& session);
+std::unique_ptr<ui::Form> makeVispc(Session& session);
 
 }  // namespace tarvex

@@ -47,6 +47,8 @@ QString wordOf(ui::Key key) {
       return "Ricerca";
     case ui::Key::F6:
       return "Scorporo iva";
+    case ui::Key::F7:
+      return "Più usati";
     case ui::Key::F8:
       return "Prosegue descrizione";
     case ui::Key::pageUp:

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "desktop/words.h"
+#include "ui/tree.h"
 
 namespace desktop {
 
@@ -19,7 +20,7 @@ class ListView::Model : public QAbstractTableModel {
 
   QVariant data(const QModelIndex& at, int role) const override {
     const auto row = static_cast<std::size_t>(at.row()), column = static_cast<std::size_t>(at.column());
-    if (role == Qt::DisplayRole) return text(list_.rows().cell(row, column));
+    if (role == Qt::DisplayRole) return branch(at.row()) + text(list_.rows().cell(row, column));
     return role == Qt::TextAlignmentRole ? alignment(column) : QVariant();
   }
 
@@ -52,6 +53,13 @@ class ListView::Model : public QAbstractTableModel {
   }
 
  private:
+  // What stands in front of a node of a tree.
+  QString branch(int row) const {
+    const auto* tree = dynamic_cast<const ui::Tree*>(&list_);
+    if (!tree) return {};
+    const QString mark = !tree->hasChildren(row) ? "   " : tree->isOpen(row) ? "\u25BE " : "\u25B8 ";
+    return QString(6 * tree->depth(row), QLatin1Char(' ')) + mark;
+  }
   int rows() const { return static_cast<int>(list_.rows().count()); }
   QVariant alignment(std::size_t column) const {
     return int((list_.columns()[column].right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
@@ -75,6 +83,10 @@ ListView::ListView(ui::List& list, ui::User& user, QWidget* parent)
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   verticalHeader()->setMinimumSectionSize(10);
   horizontalHeader()->setHighlightSections(false);
+  if (dynamic_cast<ui::Tree*>(&list)) {
+    setAlternatingRowColors(false);
+    horizontalHeader()->hide();
+  }
   setModel(model_);
   for (std::size_t i = 0; i < list.columns().size(); ++i)
     setColumnWidth(static_cast<int>(i), chars(list.columns()[i].width));
@@ -125,6 +137,14 @@ void ListView::push() {
   if (!user_.select(list_, std::move(rows))) pull();
 }
 
+// Right opens a node, Left closes it. False: another key, or nothing to open or to close.
+bool ListView::steps(ui::Tree& tree, int key) {
+  const int row = tree.selected();
+  if (row < 0 || (key != Qt::Key_Right && key != Qt::Key_Left)) return false;
+  if (tree.hasChildren(row) && tree.isOpen(row) == (key == Qt::Key_Left)) user_.pick(tree, row);
+  return true;
+}
+
 // The form's own keys come first (form_view); of what is left the list needs the ends.
 void ListView::keyPressEvent(QKeyEvent* event) {
   const auto count = static_cast<int>(list_.rows().count());
@@ -133,6 +153,8 @@ void ListView::keyPressEvent(QKeyEvent* event) {
   } else if (event->key() == Qt::Key_End && count > 0) {
     list_.reaches(-1);
     user_.select(list_, static_cast<int>(list_.rows().count()) - 1);
+  } else if (auto* tree = dynamic_cast<ui::Tree*>(&list_); tree && steps(*tree, event->key())) {
+    return;
   } else if (list_.takesSeveral() && (event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier))) {
     QTableView::keyPressEvent(event);
   } else {

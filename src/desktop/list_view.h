@@ -5,6 +5,10 @@
 
 #include "ui/user.h"
 
+namespace ui {
+class Tree;
+}
+
 namespace desktop {
 
 class ListView : public QTableView {
@@ -20,6 +24,7 @@ class ListView : public QTableView {
  private:
   class Model;
   void push();  // the selection made by the mouse
+  bool steps(ui::Tree& tree, int key);
   int chars(int count) const;
 
   ui::List& list_;

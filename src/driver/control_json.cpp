@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "ui/tree.h"
+
 #include "ui/chart.h"
 
 namespace driver {
@@ -24,6 +26,8 @@ void addList(Json& json, const ui::List& list) {
   const std::size_t count = list.rows().count();
   for (std::size_t row = 0; row < count; ++row) {
     Json cells = Json::array();
+    const auto* tree = dynamic_cast<const ui::Tree*>(&list);  // a cell for each level above
+    for (int level = tree ? tree->depth(static_cast<int>(row)) : 0; level > 0; --level) cells.push_back("");
     for (std::size_t column = 0; column < list.columns().size(); ++column)
       cells.push_back(list.rows().cell(row, column));
     rows.push_back(std::move(cells));

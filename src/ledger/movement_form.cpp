@@ -1,6 +1,7 @@
 #include "ledger/movement_form.h"
 
 #include "chart/account_field.h"
+#include "chart/frequent.h"
 #include "common/amount.h"
 #include "common/date.h"
 #include "common/mask.h"
@@ -106,6 +107,9 @@ void MovementForm::setEvents() {
   conto.onEach([this](ui::Field& cell, int) {
     accountField(session_, cell, {"s", "c", "f", "ag"}, SearchList::postable);
     cell.onLeave = [this, &cell] { return leaveVoice(cell); };
+    cell.on(ui::Key::F7, [this, &cell] {
+      if (const std::string chosen = pickFrequent(session_); !chosen.empty()) cell.setText(chosen);
+    });
   });
   for (ui::GridColumn* amounts : {&dare, &avere})
     amounts->onEach([this](ui::Field& cell, int) {

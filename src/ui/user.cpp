@@ -6,6 +6,7 @@
 #include "common/text.h"
 #include "ui/caption.h"
 #include "ui/lookup.h"
+#include "ui/tree.h"
 
 namespace ui {
 namespace {
@@ -302,6 +303,7 @@ bool User::select(List& list, std::vector<int> rows) {
 
 bool User::pick(List& list, int row) {
   if (row < 0 || !select(list, row) || form_.focused_ != &list) return false;
+  if (auto* tree = dynamic_cast<Tree*>(&list); tree && tree->hasChildren(row)) return tree->toggle(row), true;
   if (list.onPick) list.onPick();
   return settled(true);
 }

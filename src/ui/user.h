@@ -55,7 +55,7 @@ class User {
   bool spin(Spin& spin, int value);  // beyond the range: a beep
   bool select(List& list, int row);  // -1: none
   bool select(List& list, std::vector<int> rows);
-  bool pick(List& list, int row);  // a double click
+  bool pick(List& list, int row);  // a double click; a node of a tree opens or closes
   bool turn(Grid& grid, int page);
   bool page(Tabs& tabs, int page);
   bool close();  // by the closing box: asks mayClose, and no onLeave

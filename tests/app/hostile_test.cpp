@@ -64,6 +64,7 @@ TEST_CASE("no text in any field harms the program or its books") {
   const test::Scratch scratch;
   test::makeBooks(scratch.path());
   test::Station station(scratch.path());
+  station.desk.modal["anpc1"] = test::leave;  // the question before a voice is removed
   REQUIRE(station.start(test::choose(test::kCompany, test::kYear)));
   for (const tarvex::Unit& unit : tarvex::units()) {
     CAPTURE(unit.name);

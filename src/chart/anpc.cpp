@@ -1,0 +1,116 @@
+// Annullamento voce del piano dei conti, and anpc1, which shows the voice and asks.
+#include "chart/account_field.h"
+#include "chart/forms.h"
+#include "chart/voice_labels.h"
+#include "common/text.h"
+#include "session/scan.h"
+#include "ui/form.h"
+
+namespace tarvex {
+namespace {
+
+using namespace ui;
+
+constexpr double kFirstOfUsers = 50;  // the numbers below are those of the predefined voices
+
+class Anpc1 : public Form {
+ public:
+  Anpc1(Session& session, bool& confirmed) : Form(session.desk(), "anpc1", "Conferma annullamento") {
+    domanda.setText("Si vuole annullare la voce del piano dei conti ?");
+    labels.show(session);
+    si.onPress = [this, &confirmed] {
+      confirmed = true;
+      close();
+    };
+    no.onPress = [this] { close(); };
+  }
+  Layout layout() const override {
+    return column({labels.layout(), row({domanda}), space(), buttons({si, no})});
+  }
+
+ private:
+  VoiceLabels labels{*this};
+  Label domanda{*this, "domanda"};
+  Button no{*this, "no", "&No", Button::Role::cancel};  // first, as the one that Enter presses
+  Button si{*this, "si", "&Si"};
+};
+
+class Anpc : public Form {
+ public:
+  explicit Anpc(Session& session);
+  Layout layout() const override { return column({row({voce}), space(), buttons({elimina, annulla})}); }
+
+ private:
+  Leave leaveVoice();
+  void remove();
+  bool hasChildren();
+
+  Session& session_;
+  std::string code_;
+  Field voce{*this, "text1", "Voce:", Mask::text(30)};
+  Button elimina{*this, "elimina", "&Elimina", Button::Role::main};
+  Button annulla{*this, "annulla", "&Annulla", Button::Role::cancel};
+};
+
+Anpc::Anpc(Session& session)
+    : Form(session.desk(), "anpc", "Annullamento voce del piano dei conti"), session_(session) {
+  accountField(session, voce, {"m", "cc", "s", "c", "f", "ag"}, SearchList::postable);
+  voce.onLeave = [this] { return leaveVoice(); };
+  elimina.onPress = [this] { remove(); };
+  annulla.onPress = [this] { close(); };
+}
+
+Leave Anpc::leaveVoice() {
+  code_.clear();
+  if (voce.empty()) return Leave::go;
+  const auto refuse = [this](const char* text, const char* title) {
+    desk().beep();
+    desk().show({text, title, Ask::ok, Icon::warning});
+    return Leave::stay;
+  };
+  if (!readVoice(session_, voce.text(), 1130)) return desk().beep(), Leave::stay;
+  if (common::numberValue(session_.pc.primaryKey()) < kFirstOfUsers)
+    return refuse("Un conto predefinito non può essere annullato", "ATTENZIONE");
+  const rec::pc& voice = session_.pc.B;
+  if (voice.saldo != 0 || voice.dare != 0 || voice.avere != 0)
+    return refuse("Non può essere annullato - Valori contabili già registrati", "Attenzione");
+  code_ = session_.pc.primaryKey();
+  return Leave::go;
+}
+
+void Anpc::remove() {
+  if (code_.empty() || !readVoiceByCode(session_, code_, 1131)) return desk().beep(), voce.focus();
+  if (hasChildren())
+    return desk().warn("Non può essere annullato - Risultano registrati conti o sottoconti associati");
+  if (!readVoiceByCode(session_, code_, 1132)) return;
+  const std::string name = session_.pc.B.ragsoc;
+  bool confirmed = false;
+  Anpc1 question(session_, confirmed);
+  desk().run(question);
+  if (!confirmed) return;
+  session_.pc.erase(code_);
+  session_.CheckArchiveResult(store::Operation::erase, session_.pc.code, 1133);
+  const bool erased = session_.store.LastArchiveResult == store::kOk;
+  session_.pc.flush();
+  if (erased) session_.log("Cancellato dal piano dei conti " + code_ + " " + name);
+  code_.clear();
+  voce.clear();
+  voce.focus();
+}
+
+// The voice counts itself on its own level.
+bool Anpc::hasChildren() {
+  const std::string kind = session_.pc.B.tipo;
+  if (kind != "m" && kind != "cc") return false;
+  int count = 0;
+  const bool whole = scan<rec::pc>(session_, 1134, 1135, 1136, [&](const archives::Archive<rec::pc>& pc) {
+    if ((kind == "m" ? pc.B.mastro : pc.B.conto) == code_) ++count;
+  });
+  return !whole || count > 1;
+}
+
+}  // namespace
+
+std::unique_ptr<Form> makeAnpc(Session& session) { return std::make_unique<Anpc>(session); }
+
+}  // namespace tarvex
