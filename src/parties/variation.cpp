@@ -26,7 +26,7 @@ class Variation : public Form {
   void startNext();
   bool isRenamed() const { return common::upper(card_.name()) != common::upper(name_); }
   // The lock of the card while it stands open; the record's own one belongs to those who write it.
-  std::string editLock() const { return code_ + " scheda"; }
+  static std::string editLock(const std::string& code) { return code + " scheda"; }
 
   Session& session_;
   const VariationKind kind_;
@@ -64,28 +64,29 @@ Leave Variation::leaveSearch() {
   return take(session_.pc.primaryKey()) ? Leave::go : Leave::stay;
 }
 
+// The card that stands is let go only for one that can be had.
 bool Variation::take(const std::string& code) {
+  const store::Code result = session_.pc.lock(editLock(code));
+  if (result == store::kNotFound) {
+    desk().refuse("La scheda è in corso di variazione su un'altra postazione");
+    return false;
+  }
+  session_.CheckArchiveResult(store::Operation::read, session_.pc.code, 4201);
+  if (result != store::kOk) return false;
+  if (!readVoiceByCode(session_, code, 4202)) {
+    session_.pc.unlock(editLock(code));
+    return false;
+  }
   letGo();
   code_ = code;
-  const store::Code result = session_.pc.lock(editLock());
-  if (result == store::kOk && readVoiceByCode(session_, code, 4202)) {
-    name_ = session_.pc.B.ragsoc;
-    card_.show(session_.pc.B);
-    return true;
-  }
-  if (result == store::kNotFound)
-    desk().refuse("La scheda è in corso di variazione su un'altra postazione");
-  else if (result != store::kOk)
-    session_.CheckArchiveResult(store::Operation::read, session_.pc.code, 4201);
-  else
-    session_.pc.unlock(editLock());
-  code_.clear();
-  return false;
+  name_ = session_.pc.B.ragsoc;
+  card_.show(session_.pc.B);
+  return true;
 }
 
 void Variation::letGo() {
   if (code_.empty()) return;
-  session_.pc.unlock(editLock());
+  session_.pc.unlock(editLock(code_));
   code_.clear();
   name_.clear();
 }

@@ -104,10 +104,14 @@ TEST_CASE("one card is changed at one station at a time, whatever way the other 
   SUBCASE("another card instead") {
     open(mine, "Verdi");
     CHECK(at.one.desk.box() == inUse);
+    CHECK(mine.hands.text("text1") == "Rossi");  // it stays until another one can be had
     open(others, "Rossi");
+    CHECK(at.other.desk.box() == inUse);
+    CHECK(others.hands.text("text1") == "Verdi");
+    others.hands.set("ricerca", "Verdi");
+    others.hands.press("registra");
     open(mine, "Verdi");
     CHECK(mine.hands.text("text1") == "Verdi");
-    return;
   }
   SUBCASE("closed") { mine.hands.user.close(); }
   open(others, "Rossi");
