@@ -373,6 +373,23 @@ TEST_CASE("each of the three files is missed, and the catalogue replaces what no
   CHECK(RecordStore(options).VTVal(copy.stem) == kDisk);  // the descriptor is right, the database is not
 }
 
+TEST_CASE(
+    "damage in the middle of a journal is told; a last change cut short is none, the log has its group") {
+  if (test::onShare()) return;  // there a journal holds nothing between two changes
+  const auto records = readAll(Copy(base(true)).directory);
+  const std::string journal = test::bytesOf(base(true) + kArchive + ".ISF");
+  constexpr std::size_t kChange = 24 + 4096;
+  REQUIRE(journal.size() > 32 + 20 * kChange);
+  const Copy damaged(base(true)), cut(base(true));
+  std::string bytes = journal;
+  bytes[32 + 3 * kChange + 500] ^= 1;
+  test::writeBytes(damaged.stem + ".ISF", bytes);
+  CHECK(validate(damaged.directory) == kDisk);
+  test::writeBytes(cut.stem + ".ISF", journal.substr(0, journal.size() - 100));
+  CHECK(validate(cut.directory) == kOk);
+  CHECK(readAll(cut.directory) == records);
+}
+
 TEST_CASE("a repair brings back each record whose bytes are whole, and none that was altered") {
   damageEach(false);
 }
