@@ -2,6 +2,7 @@
 
 #include "app/forms.h"
 #include "chart/forms.h"
+#include "duedates/forms.h"
 #include "ledger/books/forms.h"
 #include "ledger/forms.h"
 #include "parties/forms.h"
@@ -47,6 +48,8 @@ constexpr Unit kUnits[] = {
     {"REGCRED", makeRegcred},
     {"REGDATI", makeRegdati},
     {"REGFACIL", makeRegfacil},
+    {"REGPAG", makeRegpag},
+    {"REGSCA", makeRegsca},
     {"RFORN", makeRFORN},
     {"RFORN3", makeRFORN3},
     {"RICO", makeRICO},
@@ -64,6 +67,7 @@ constexpr Unit kUnits[] = {
     {"STRIA", makeStria},
     {"STRIC", makeStric},
     {"STRIV", makeStriv},
+    {"STSCAD", makeStscad},
     {"STSCHED", makeStsched},
     {"TROVA", makeTrova},
     {"VALL1", makeVALL1},
@@ -73,11 +77,13 @@ constexpr Unit kUnits[] = {
     {"VARFORN", makeVARFORN},
     {"VARPC", makeVarpc},
     {"VARRIFP", makeVarrifp},
+    {"VARSCA", makeVarsca},
     {"VERPN", makeVerpn},
     {"VISAGEN", makeVISAGEN},
     {"VISCLI", makeVISCLI},
     {"VISFORN", makeVISFORN},
     {"VISPC", makeVispc},
+    {"VISSCA", makeVissca},
     {"VIVA", makeViva},
     {"VMC", makeVmc},
     {"annsr", makeAnnsr},

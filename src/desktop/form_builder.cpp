@@ -31,7 +31,7 @@ using Kind = ui::Layout::Kind;
 
 constexpr int kWide = 30;          // fields from this many characters on take the width of the row
 constexpr int kNumberWidth = 18;   // labels up to this width show figures
-constexpr int kOptionsAcross = 4;  // options of a choice beside each other
+constexpr int kOptionsAcross = 5;  // options of a choice beside each other
 
 // Layouts name controls as they stand in the form, which are never constant there.
 ui::Control& controlIn(const ui::Layout& layout) { return const_cast<ui::Control&>(*layout.control); }
