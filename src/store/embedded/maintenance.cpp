@@ -249,7 +249,8 @@ class Proof {
     for (; result == SQLITE_ROW; result = scan.step()) {
       telling_.step(++done, rows_, part, part + 0.4 / static_cast<double>(sums_.size()));
       const std::string_view found = scan.bytes(0), primaryKey = scan.bytes(1);
-      if (done > 1 && std::tie(lastKey, lastPrimary) >= std::tuple(found, primaryKey)) return kDisk;
+      const int order = found.compare(lastKey);
+      if (done > 1 && (order < 0 || (order == 0 && primaryKey <= lastPrimary))) return kDisk;
       lastKey = found;
       lastPrimary = primaryKey;
       sum.add(index ? found : std::string_view(), primaryKey, scan.integer(2));
