@@ -136,13 +136,14 @@ class Owed {
   std::set<std::string> in(const std::string& stem) const {
     const std::string database = test::bytesOf(stem + ".ISD"), journal = test::bytesOf(stem + ".ISF");
     std::set<std::string> owed;
-    for (const auto& [key, pieces] : places_) {
+    for (const auto& place : places_) {
+      const std::vector<Piece>& pieces = place.second;
       const bool whole = std::all_of(pieces.begin(), pieces.end(), [&](const Piece& piece) {
         const std::string& file = piece.inJournal ? journal : database;
         return file.compare(std::min(piece.at, file.size()), piece.bytes.size(), piece.bytes) == 0 ||
                (pieces.size() == 1 && !piece.inJournal && file.find(piece.bytes) != std::string::npos);
       });
-      if (whole) owed.insert(key);
+      if (whole) owed.insert(place.first);
     }
     return owed;
   }
