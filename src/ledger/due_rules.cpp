@@ -39,9 +39,8 @@ void addDocument(Journal& journal, const archives::Archive<rec::mc>& mc) {
   const bool sale = row.causale == "fv" || row.causale == "cv";
   const bool purchase = row.causale == "fa" || row.causale == "ca";
   if ((!sale && !purchase) || common::numberValue(row.nummov) != common::numberValue(mc.primaryKey())) return;
-  const bool negative = row.causale == "cv" || row.causale == "ca";
   const double amount = sale ? row.dare - row.avere : row.avere - row.dare;
-  journal.documents[keyOf(row.conto, row.numdoc, sale ? row.datareg : row.datadoc, negative)] = amount;
+  journal.documents[keyOf(row.conto, row.numdoc, sale ? row.datareg : row.datadoc, amount < 0)] = amount;
 }
 
 // What the ledgers and the journal say; nothing when one of them cannot be read.

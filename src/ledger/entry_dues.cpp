@@ -9,7 +9,11 @@
 namespace tarvex {
 namespace {
 
-bool isCreditNote(std::string_view causale) { return causale == "cv" || causale == "ca"; }
+// What a document makes due of its customer or to its supplier: below 0 for a credit note, and for an invoice
+// that takes back more than it charges.
+double amountDue(const rec::mc& first, VatSide side) {
+  return side == VatSide::sales ? first.dare - first.avere : first.avere - first.dare;
+}
 
 // The instalments of a document bear its number and the date from which they were reckoned.
 InstalmentRef documentOf(const rec::mc& first, VatSide side) {
@@ -58,7 +62,7 @@ std::vector<DueDate> takeDuesBack(Session& session, const JournalEntry& entry) {
   if (first.causale == "if" || first.causale == "pf") return reopen(session, entry), std::vector<DueDate>();
   const auto side = vatSideOf(first.causale);
   if (!side || *side == VatSide::receipts) return {};
-  return removeDueDates(session, documentOf(first, *side), isCreditNote(first.causale));
+  return removeDueDates(session, documentOf(first, *side), amountDue(first, *side) < 0);
 }
 
 }  // namespace tarvex

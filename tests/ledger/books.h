@@ -48,7 +48,7 @@ struct Books {
   // Everything that is kept, packed: equal when nothing was changed.
   std::map<std::string, std::vector<std::string>> contents() {
     std::map<std::string, std::vector<std::string>> all;
-    for (const char* prefix : {"mc", "tt", "iv", "ia", "ic", "pc", "pr"}) {
+    for (const char* prefix : {"mc", "tt", "iv", "ia", "ic", "sd", "st", "sf", "pc", "pr"}) {
       store::Handle handle = 0;
       session().store.VmxOpen(session().stem(prefix), handle);
       session().store.VmxBOF(handle, 0);
