@@ -89,6 +89,8 @@ class FakeDesk : public ui::Desk {
     return true;
   }
   bool noPrinter = false;
+  bool progress(std::size_t, std::size_t) override { return !stops; }
+  bool stops = false;  // the user strikes Escape while something long is at work
   void sheet(std::shared_ptr<const ui::Sheet> sheet) override { sheets.push_back(std::move(sheet)); }
 
   std::optional<std::string> chooseFile(std::string_view title, std::string_view, bool,
