@@ -70,6 +70,13 @@ struct Movement {  // with as many lines as there are voices
   std::vector<Line> lines;
 };
 
+struct Settled {  // an invoice collected or paid, whole but for an allowance
+  std::string date, subject;
+  int invoice = 0;
+  std::string invoiceDate;  // from which it fell due
+  double amount = 0, allowance = 0;
+};
+
 struct Company {
   std::string ragsoc, indirizzo, citta, partitaiva, year;
   std::vector<Voice> mastri, conti, sottoconti;
@@ -79,6 +86,7 @@ struct Company {
   std::vector<Invoice> invoices, purchases;
   std::vector<Receipt> receipts;
   std::vector<Movement> movements;
+  std::vector<Settled> collections, payments;
 };
 
 Company drawCompany(unsigned seed);

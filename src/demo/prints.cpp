@@ -70,6 +70,17 @@ void printCards(Script& script, const Company& company, Prints& prints) {
   script.say("close");
 }
 
+void printDueDates(Script& script, const Company& company, Prints& prints) {
+  script.say("open STSCAD");
+  script.set("Alla scadenza", "31/12/" + company.year);
+  for (const std::string_view ledger :
+       {"Clienti rimesse dirette", "Clienti ricevute bancarie", "Fornitori"}) {
+    script.say("pick", {ledger});
+    prints.press();
+  }
+  script.say("close");
+}
+
 void printBalances(Script& script, Prints& prints) {
   script.say("open BIL");
   prints.press();
@@ -102,6 +113,7 @@ void printBooks(Script& script, const Company& company, const std::filesystem::p
   printSettlements(script, prints);
   printJournal(script, company, prints);
   printCards(script, company, prints);
+  printDueDates(script, company, prints);
   printBalances(script, prints);
   printLists(script, prints);
 }

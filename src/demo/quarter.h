@@ -1,5 +1,5 @@
 // What a company does in a quarter beside its sales: the chart that it needs, purchases on two registers,
-// receipts day by day, wages and payments into the bank.
+// receipts day by day, wages and payments into the bank; what it collects and pays of January and February.
 #pragma once
 
 #include "demo/company.h"

@@ -187,6 +187,24 @@ void registerMovements(Script& script, const Company& company) {
   }
 }
 
+void settle(Script& script, const std::vector<Settled>& invoices, bool payment) {
+  script.say("open", {payment ? "MCPF" : "MCIF"});
+  for (const Settled& one : invoices) {
+    script.set("Data reg.", one.date);
+    script.set("Descrizione",
+               (payment ? "Pagamento fattura n. " : "Incasso fattura n. ") + std::to_string(one.invoice));
+    script.set(payment ? "Fornitore" : "Cliente", one.subject);
+    script.set(payment ? "Importo pagato" : "Importo incassato", common::toText(one.amount));
+    script.set("Contropartita", "Banca c/c ordinario");
+    script.set("nfatt(1)", std::to_string(one.invoice));
+    script.set("dfatt(1)", one.invoiceDate);
+    script.set("impfatt(1)", common::toText(one.amount));
+    if (one.allowance != 0) script.set("abbuono(1)", common::toText(one.allowance));
+    script.say("press", {"Registra"});
+  }
+  script.say("close");
+}
+
 }  // namespace
 
 std::string scriptOf(const Company& company, const std::filesystem::path& prints) {
@@ -199,6 +217,8 @@ std::string scriptOf(const Company& company, const std::filesystem::path& prints
   registerDocuments(script, company.purchases, true);
   registerReceipts(script, company);
   registerMovements(script, company);
+  settle(script, company.collections, false);
+  settle(script, company.payments, true);
   printBooks(script, company, prints);
   script.say("verify");
   script.say("quit");

@@ -68,7 +68,7 @@ std::vector<Violation> checkJournalBook(Session& session) {
   std::vector<Violation> violations;
   JournalWalk walk = JournalWalk::byNumber(session);
   while (const rec::mc* row = walk.next())
-    if (!common::isDateOf(dateOf(row->datareg), session.WorkYear))
+    if (!common::isDate(dateOf(row->datareg)))
       violations.push_back({{},
                             "la riga " + walk.key() + " è registrata il \"" + row->datareg + "\"",
                             {"mc " + walk.key()},

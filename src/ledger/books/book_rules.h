@@ -12,7 +12,8 @@ namespace tarvex {
 // their registers and to the figures of the year's settlement. A row whose code has left the table stands in
 // no total.
 //
-// "the journal prints every row": each row of mc is registered on a day of the year.
+// "the journal prints every row": each row of mc is registered on a day that exists. A row of another year,
+// carried over with an open item, stands in the journal of that year.
 std::span<const Rule> bookRules();
 
 }  // namespace tarvex
