@@ -5,6 +5,7 @@
 #include "common/mask.h"
 #include "common/text.h"
 #include "ledger/collections.h"
+#include "ledger/entry_checks.h"
 #include "ledger/entry_dues.h"
 #include "ledger/forms.h"
 #include "ledger/revision.h"
@@ -38,19 +39,16 @@ class CollectionForm : public ui::Form {
  private:
   void setEvents();
   void chooseOpen();
-  Leave leaveDate(ui::Field& field);
   void showDifference();
 
   void registerCollection();
   bool mayRegister();
-  bool datesInOrder();
   bool subjectGiven();
   bool amountGiven();
   bool contropartitaGiven();
   bool rowsComplete();
   bool balances();
   bool voicesThere();
-  bool refuse(ui::Field& field, std::string_view text);
 
   Collection collection() const;
   void showRow(int row, const CollectionRow& shown);
@@ -97,11 +95,8 @@ CollectionForm::CollectionForm(Session& session, const CollectionKind& kind)
 }
 
 void CollectionForm::setEvents() {
-  text1.onLeave = [this] {
-    std::string date = text1.text();
-    return validateRegistrationDate(session_, date) ? Leave::go : Leave::stay;
-  };
-  text3.onLeave = [this] { return leaveDate(text3); };
+  checkRegistrationDate(session_, text1);
+  checkDate(session_, text3);
   if (kind_.payment)
     accountField(session_, text5, {"f", "ag"}, SearchList::suppliers);
   else
@@ -109,10 +104,8 @@ void CollectionForm::setEvents() {
   accountField(session_, text7, {"s", "c", "f", "ag"}, SearchList::postable);
   text6.onLeave = [this] { return showDifference(), Leave::go; };
   if (righe_) {
-    dfatt_->onEach(
-        [this](ui::Field& cell, int) { cell.onLeave = [this, &cell] { return leaveDate(cell); }; });
-    dscad_->onEach(
-        [this](ui::Field& cell, int) { cell.onLeave = [this, &cell] { return leaveDate(cell); }; });
+    for (ui::GridColumn* dates : {dfatt_.get(), dscad_.get()})
+      dates->onEach([this](ui::Field& cell, int) { checkDate(session_, cell); });
     impfatt_->onEach(
         [this](ui::Field& cell, int) { cell.onLeave = [this] { return showDifference(), Leave::go; }; });
   }
@@ -166,12 +159,6 @@ void CollectionForm::showRow(int row, const CollectionRow& shown) {
 
 // --- on leaving the fields ---
 
-Leave CollectionForm::leaveDate(ui::Field& field) {
-  if (field.empty()) return Leave::go;
-  std::string date = field.text();
-  return ValidateDate(session_, date) ? Leave::go : Leave::stay;
-}
-
 void CollectionForm::showDifference() {
   if (righe_) differenza.setNumber(imbalance(collection()));
 }
@@ -196,19 +183,8 @@ void CollectionForm::chooseOpen() {
 // --- the checks, in their order ---
 
 bool CollectionForm::mayRegister() {
-  return datesInOrder() && subjectGiven() && amountGiven() && contropartitaGiven() && rowsComplete() &&
-         balances() && voicesThere();
-}
-
-bool CollectionForm::refuse(ui::Field& field, std::string_view text) {
-  session_.desk().refuse(std::string(text), field);
-  return false;
-}
-
-bool CollectionForm::datesInOrder() {
-  if (text3.empty()) text3.setText(text1.text());
-  if (common::DateToKey(text3.text()) <= common::DateToKey(text1.text())) return true;
-  return refuse(text1, "La data di registrazione è precedente alla data del documento");
+  return datesInOrder(text1, text3) && subjectGiven() && amountGiven() && contropartitaGiven() &&
+         rowsComplete() && balances() && voicesThere();
 }
 
 bool CollectionForm::subjectGiven() {
@@ -237,10 +213,7 @@ bool CollectionForm::rowsComplete() {
 }
 
 bool CollectionForm::balances() {
-  const double difference = imbalance(collection());
-  if (difference == 0) return true;
-  desk().beep();
-  desk().show({common::format("#0.00", difference), "SBILANCIO", ui::Ask::ok, ui::Icon::warning});
+  if (tarvex::balances(desk(), imbalance(collection()), "#0.00")) return true;
   text6.focus();
   return false;
 }

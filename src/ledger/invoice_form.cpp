@@ -7,6 +7,7 @@
 #include "common/date.h"
 #include "common/mask.h"
 #include "common/text.h"
+#include "ledger/entry_checks.h"
 #include "ledger/entry_dues.h"
 #include "ledger/forms.h"
 #include "ledger/revision.h"
@@ -60,7 +61,6 @@ class InvoiceForm : public ui::Form {
   int decimals() const { return kind_.lire ? 0 : 2; }
   void setEvents();
 
-  Leave leaveDocumentDate();
   Leave leaveNumber();
   void proposeProtocol();
   Leave leaveProtocol();
@@ -72,7 +72,6 @@ class InvoiceForm : public ui::Form {
 
   void registerDocument();
   bool mayRegister();
-  bool datesInOrder();
   bool subjectGiven();
   bool numberGiven();
   bool amountGiven();
@@ -81,7 +80,6 @@ class InvoiceForm : public ui::Form {
   bool numberStillFree();
   bool voicesThere();
   bool moveToFreeNumber(bool& agreed);
-  bool refuse(ui::Field& field, std::string_view text);
 
   ui::Field& numberField() { return protocol_ ? *protocol_ : text2; }
   bool isTaken(std::string_view number) const;
@@ -133,12 +131,9 @@ InvoiceForm::InvoiceForm(Session& session, const InvoiceKind& kind)
 }
 
 void InvoiceForm::setEvents() {
-  text1.onLeave = [this] {
-    std::string date = text1.text();
-    return validateRegistrationDate(session_, date) ? Leave::go : Leave::stay;
-  };
+  checkRegistrationDate(session_, text1);
   text2.onLeave = [this] { return leaveNumber(); };
-  text3.onLeave = [this] { return leaveDocumentDate(); };
+  checkDate(session_, text3);
   registro.onLeave = [this] { return registro.empty() ? (registro.setText("1"), Leave::go) : Leave::go; };
   if (protocol_) {
     protocol_->onEnter = [this] { proposeProtocol(); };
@@ -209,12 +204,6 @@ void InvoiceForm::load() {
 }
 
 // --- on leaving the fields ---
-
-Leave InvoiceForm::leaveDocumentDate() {
-  if (text3.empty()) return Leave::go;
-  std::string date = text3.text();
-  return ValidateDate(session_, date) ? Leave::go : Leave::stay;
-}
 
 Leave InvoiceForm::leaveNumber() {
   if (isPurchase() || text2.empty() || !isTaken(text2.text())) return Leave::go;
@@ -299,20 +288,9 @@ void InvoiceForm::showBalance() {
 // --- the checks, in their order ---
 
 bool InvoiceForm::mayRegister() {
-  if (!datesInOrder()) return false;
+  if (!datesInOrder(text1, text3)) return false;
   if (isReceipt() ? !numberGiven() || !subjectGiven() : !subjectGiven() || !numberGiven()) return false;
   return amountGiven() && balances() && rowsComplete() && numberStillFree() && voicesThere();
-}
-
-bool InvoiceForm::refuse(ui::Field& field, std::string_view text) {
-  session_.desk().refuse(std::string(text), field);
-  return false;
-}
-
-bool InvoiceForm::datesInOrder() {
-  if (text3.empty()) text3.setText(text1.text());
-  if (common::DateToKey(text3.text()) <= common::DateToKey(text1.text())) return true;
-  return refuse(text1, "La data di registrazione è precedente alla data del documento");
 }
 
 bool InvoiceForm::subjectGiven() {
@@ -345,10 +323,7 @@ bool InvoiceForm::numberGiven() {
 bool InvoiceForm::amountGiven() { return text6.number() != 0 || refuse(text6, words_.noAmount); }
 
 bool InvoiceForm::balances() {
-  const double difference = imbalance(document());
-  if (difference == 0) return true;
-  session_.desk().beep();
-  session_.desk().show({common::format("#0.00", difference), "SBILANCIO", ui::Ask::ok, ui::Icon::warning});
+  if (tarvex::balances(desk(), imbalance(document()), "#0.00")) return true;
   text6.focus();
   return false;
 }

@@ -6,6 +6,7 @@
 #include "common/date.h"
 #include "common/mask.h"
 #include "common/text.h"
+#include "ledger/entry_checks.h"
 #include "ledger/movement_entry.h"
 #include "ledger/revision.h"
 #include "session/checks.h"
@@ -41,18 +42,14 @@ class MovementForm : public ui::Form {
   void showTotals();
   TypedLine& line(int number) { return lines_[static_cast<std::size_t>(number - 1)]; }
 
-  Leave leaveDocumentDate();
   Leave leaveVoice(ui::Field& field);
   void chooseScheme();
 
   void registerMovement();
   bool mayRegister(Movement& movement);
-  bool datesInOrder();
   bool linesRight(const Movement& movement);
-  bool balances(const Movement& movement);
   bool voicesThere(Movement& movement);
   ui::Field& cellOf(ui::GridColumn& column, int number);
-  bool refuse(ui::Field& field, std::string_view text);
 
   Movement movement() const;
   void clear();
@@ -99,11 +96,8 @@ MovementForm::MovementForm(Session& session, const MovementKind& kind)
 
 void MovementForm::setEvents() {
   if (schemes_) schemes_->onLeave = [this] { return chooseScheme(), Leave::go; };
-  text1.onLeave = [this] {
-    std::string date = text1.text();
-    return validateRegistrationDate(session_, date) ? Leave::go : Leave::stay;
-  };
-  text3.onLeave = [this] { return leaveDocumentDate(); };
+  checkRegistrationDate(session_, text1);
+  checkDate(session_, text3);
   conto.onEach([this](ui::Field& cell, int) {
     accountField(session_, cell, {"s", "c", "f", "ag"}, SearchList::postable);
     cell.onLeave = [this, &cell] { return leaveVoice(cell); };
@@ -213,12 +207,6 @@ void MovementForm::showTotals() {
 
 // --- on leaving the fields ---
 
-Leave MovementForm::leaveDocumentDate() {
-  if (text3.empty()) return Leave::go;
-  std::string date = text3.text();
-  return ValidateDate(session_, date) ? Leave::go : Leave::stay;
-}
-
 // On a voice that may be posted to its record stands in session_.pc.
 Leave MovementForm::leaveVoice(ui::Field& field) {
   if (common::trim(field.text()).empty()) return Leave::go;
@@ -239,20 +227,9 @@ void MovementForm::chooseScheme() {
 // --- the checks, in their order ---
 
 bool MovementForm::mayRegister(Movement& movement) {
-  if (!datesInOrder()) return false;
+  if (!datesInOrder(text1, text3)) return false;
   movement = this->movement();
-  return linesRight(movement) && balances(movement) && voicesThere(movement);
-}
-
-bool MovementForm::refuse(ui::Field& field, std::string_view text) {
-  session_.desk().refuse(std::string(text), field);
-  return false;
-}
-
-bool MovementForm::datesInOrder() {
-  if (text3.empty()) text3.setText(text1.text());
-  if (common::DateToKey(text3.text()) <= common::DateToKey(text1.text())) return true;
-  return refuse(text1, "La data di registrazione è precedente alla data del documento");
+  return linesRight(movement) && balances(desk(), imbalance(movement), "0.00") && voicesThere(movement);
 }
 
 bool MovementForm::linesRight(const Movement& movement) {
@@ -271,14 +248,6 @@ bool MovementForm::linesRight(const Movement& movement) {
     }
   }
   return true;
-}
-
-bool MovementForm::balances(const Movement& movement) {
-  const double difference = imbalance(movement);
-  if (difference == 0) return true;
-  session_.desk().beep();
-  session_.desk().show({common::format("0.00", difference), "SBILANCIO", ui::Ask::ok, ui::Icon::warning});
-  return false;
 }
 
 // Also finds the codes. A scheme may name a voice that has been removed since; so may another station's user.
