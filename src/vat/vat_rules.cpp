@@ -15,6 +15,7 @@
 #include "common/date.h"
 #include "common/text.h"
 #include "session/scan.h"
+#include "vat/settlement_state.h"
 
 namespace tarvex {
 namespace {
@@ -129,9 +130,48 @@ std::vector<Violation> checkVatRows(Session& session) {
   return violations;
 }
 
+double settledResult(Session& session, const VatTable& table, const VatPeriod& period,
+                     const rec::si& balances, bool wholeEuros) {
+  auto rows = readSettlementRows(session, period, {}, false);
+  if (!rows) return 0;
+  SettlementTerms terms;
+  terms.period = period;
+  terms.previous = previousBalance(balances, period);
+  terms.wholeEuros = wholeEuros;
+  return settle(std::move(terms), *rows, table).result;
+}
+
+// Each balance that is kept, settled anew as that of its month and as that of its quarter.
+std::vector<Violation> checkBalances(Session& session) {
+  const auto table = loadVatTable(session);
+  auto balances = table ? readVatBalances(session) : std::nullopt;
+  if (!balances) return {{{}, "il saldo della liquidazione non si legge", {}, 0}};
+  std::vector<Violation> found;
+  for (int number = 1; number <= 12; ++number) {
+    const double kept = saldoOf(*balances, number);
+    if (kept == 0) continue;
+    const double month = settledResult(session, *table, {VatPeriod::Length::month, number}, *balances, false);
+    bool same = kept == month ||
+                kept == settledResult(session, *table, {VatPeriod::Length::month, number}, *balances, true);
+    for (const bool whole : {false, true})
+      same = same ||
+             (number <= 4 &&
+              kept == settledResult(session, *table, {VatPeriod::Length::quarter, number}, *balances, whole));
+    if (same) continue;
+    found.push_back({{},
+                     "il saldo del periodo " + std::to_string(number) + " è " + common::toText(kept) +
+                         ", dalle righe risulta " + common::toText(month),
+                     {"si 1"},
+                     common::roundBalance(kept - month)});
+  }
+  return found;
+}
+
 constexpr Rule kRules[] = {
     {"VAT rows equal the VAT line", "Le righe iva sono quelle delle registrazioni", "Prima nota, Revisione",
      checkVatRows},
+    {"kept balances are those of their settlement", "I saldi iva sono quelli della liquidazione",
+     "Iva, Liquidazione o Variazione saldo", checkBalances, true},
 };
 
 }  // namespace

@@ -14,6 +14,10 @@ namespace tarvex {
 // registration. Rows without any entry are those of the manual registration, which writes no journal, and are
 // passed over.
 //
+// "kept balances are those of their settlement", a notice: each balance of si is what its month or quarter
+// comes to, in cents or in whole Euros. One that was typed in, or that comes from ventilated receipts, is
+// told, too.
+//
 // Reads mc, iv, ia and ic, a second time only to name the records of what does not hold. An archive that
 // cannot be read is a violation.
 std::span<const Rule> vatRules();
