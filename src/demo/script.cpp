@@ -205,6 +205,14 @@ void settle(Script& script, const std::vector<Settled>& invoices, bool payment) 
   script.say("close");
 }
 
+// A second company to try things on: a copy of the first, beside it.
+void copyCompany(Script& script, const Company& company) {
+  script.say("open", {"DUPLICA"});
+  script.set("Descrizione nuova azienda", company.ragsoc + " (prova)");
+  script.say("answer yes");
+  script.say("press", {"OK"});
+}
+
 }  // namespace
 
 std::string scriptOf(const Company& company, const std::filesystem::path& prints) {
@@ -220,6 +228,7 @@ std::string scriptOf(const Company& company, const std::filesystem::path& prints
   settle(script, company.collections, false);
   settle(script, company.payments, true);
   printBooks(script, company, prints);
+  copyCompany(script, company);
   script.say("verify");
   script.say("quit");
   return std::move(script).text();

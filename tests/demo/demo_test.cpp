@@ -106,7 +106,11 @@ TEST_CASE("the demo's registers agree to the cent with its rows, and its books a
 
   test::Station station(scratch.path() / "archivi", "31/03/2026");
   const demo::Company company = demo::drawCompany(7);
-  REQUIRE(station.start(test::choose(company.ragsoc, company.year)));
+  REQUIRE(station.start([&](ui::Form& scelta) {
+    const auto& names = Hands(scelta).at<ui::Choice>("Combo1").items();
+    CHECK(std::ranges::count(names, company.ragsoc + " (prova)") == 1);
+    test::choose(company.ragsoc, company.year)(scelta);
+  }));
   const auto sales = posted<rec::iv>(station.session, "registro-iva-vendite-");
   const auto purchases = posted<rec::ia>(station.session, "registro-iva-acquisti-");
   const auto receipts = posted<rec::ic>(station.session, "registro-iva-corrispettivi-");
