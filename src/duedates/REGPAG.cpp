@@ -45,9 +45,9 @@ class Regpag : public Form {
   Check agosto{*this, "agosto", "Agosto a &fine mese"};
   Check dicembre{*this, "dicembre", "Agosto e &Dicembre al 15 successivo"};
   Check salta{*this, "salta", "&Salta mese Agosto"};
-  Button aggiungi{*this, "aggiungi", "A&ggiungi", Button::Role::main};
+  Button aggiungi{*this, "aggiungi", "&Aggiungi", Button::Role::main};
   Button elimina{*this, "elimina", "&Elimina"};
-  Button annulla{*this, "annulla", "&Annulla", Button::Role::cancel};
+  Button annulla{*this, "annulla", "A&nnulla", Button::Role::cancel};
 };
 
 Regpag::Regpag(Session& session)

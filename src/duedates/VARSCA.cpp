@@ -29,7 +29,7 @@ class Varsca : public Form {
   std::vector<ListedDue> dues_;  // as listed
   Choice tipo{*this, "tipo", "Scadenzario", Choice::Look::options};
   Field dalla{*this, "text1", "Dalla scadenza:", Mask::pattern("__/__/____")};
-  Button mostra{*this, "mostra", "&Visualizza", Button::Role::main};
+  Button mostra{*this, "mostra", "Visuali&zza", Button::Role::main};
   List scadenze{*this,
                 "scadenze",
                 "Scadenze",
@@ -42,7 +42,7 @@ class Varsca : public Form {
   Label totale{*this, "totale", "Totale:", 16};
   Field importo{*this, "text2", "Importo:", Mask::amount()};
   Field scadenza{*this, "text3", "Scadenza:", Mask::pattern("__/__/____")};
-  Button varia{*this, "varia", "Va&ria"};
+  Button varia{*this, "varia", "&Varia"};
   Button elimina{*this, "elimina", "&Elimina"};
   Button annulla{*this, "annulla", "&Annulla", Button::Role::cancel};
 };

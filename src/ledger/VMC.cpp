@@ -41,7 +41,7 @@ class Vmc : public Form {
   bool revises_;
   DateRangeFields periodo{*this, session_, "text1", "text2"};
   Choice tipo{*this, "tipo", "Movimenti:", Choice::Look::combo};
-  Button mostra{*this, "mostra", "&Visualizza"};
+  Button mostra{*this, "mostra", "Visuali&zza"};
   List righe{*this,
              "righe",
              "Prima nota",
@@ -53,7 +53,7 @@ class Vmc : public Form {
               {"Dare", 12, true},
               {"Avere", 12, true},
               {"Mov.", 7, true}}};
-  Button varia{*this, "varia", "Va&ria", Button::Role::main};
+  Button varia{*this, "varia", "&Varia", Button::Role::main};
   Button annulla{*this, "annulla", "&Annulla", Button::Role::cancel};
   const JournalLines* lines_ = nullptr;  // those of the list
 };
