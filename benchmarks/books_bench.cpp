@@ -1,6 +1,4 @@
 // The figures of the books on paper: a year of 800,000 rows of the journal, a month of 5,000 invoices.
-//
-// ./bench puts the archives into memory, so that the program is measured and not a disk.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
@@ -10,12 +8,10 @@
 
 #include "app/invoices.h"
 #include "archives/iv.h"
-#include "archives/mc.h"
-#include "common/text.h"
+#include "journal_year.h"
 #include "ledger/books/account_card.h"
 #include "ledger/books/general_journal.h"
 #include "ledger/journal_lines.h"
-#include "store/group.h"
 #include "tools/scratch.h"
 #include "vat/register.h"
 #include "yearend/balance.h"
@@ -23,61 +19,9 @@
 namespace {
 
 using namespace tarvex;
+using namespace bench;
 
-constexpr int kRows = 800'000, kLines = 5, kVoices = 2'000, kFirstVoice = 100, kInvoices = 5'000;
-
-std::string zeros(long long value, std::size_t width) { return common::zeroFill(value, width); }
-
-void addVoices(Session& session) {
-  for (int i = 0; i < kVoices; ++i) {
-    rec::pc& voice = session.pc.A = {};
-    const std::string code = zeros(kFirstVoice + i, 5);
-    const bool customer = i % 2 == 0;
-    voice.ragsoc = (customer ? "CLIENTE " : "CONTO ") + zeros(i, 6);
-    voice.tipo = customer ? "c" : "s";
-    voice.natura = i % 4 == 1 ? "e" : "p";
-    voice.mastro = "00001";
-    voice.conto = customer ? "00005" : "00021";
-    voice.codice = voice.mastro + voice.conto + code;
-    session.pc.put(code, store::Put::add);
-  }
-  session.pc.flush();
-}
-
-// Writes in groups, as whoever writes much does: the log is settled from time to time.
-void inGroups(Session& session, int count, const std::function<void(int)>& write) {
-  constexpr int atOnce = 10'000;
-  for (int first = 0; first < count; first += atOnce) {
-    store::Group group(session.store, session.groupLog(), session.pr.code, 1);
-    for (int i = first; i < std::min(count, first + atOnce); ++i) write(i);
-    if (!group.commit()) std::abort();
-  }
-}
-
-// Entries of five lines that balance, day after day.
-void addJournal(Session& session) {
-  OpenArchive<rec::mc> mc(session, 1, 2);
-  inGroups(session, kRows, [&](int row) {
-    const int entry = row - row % kLines, line = row % kLines;
-    rec::mc& one = mc->A = {};
-    one.datareg = "2003" + zeros(1 + row / (kRows / 12 + 1), 2) + zeros(1 + (row / 2400) % 28, 2);
-    one.numdoc = zeros(entry / kLines % 1'000'000, 6);
-    one.datadoc = one.datareg;
-    one.conto = zeros(kFirstVoice + (row * 7919LL) % kVoices, 5);
-    (line == 0 ? one.dare : one.avere) = line == 0 ? 4.0 * (entry % 997 + 1) : entry % 997 + 1;
-    one.nummov = std::to_string(entry + 1);
-    one.descrizione = "Fattura n. " + one.numdoc;
-    one.causale = "mg";
-    one.chiavecontodoc = one.conto + one.datadoc + one.numdoc;
-    one.chiavecontodata = one.conto + one.datareg;
-    one.chiavedatadoc = one.datareg + one.numdoc;
-    mc->put(zeros(row + 1, 8), store::Put::add);
-  });
-  session.pr.A = {};
-  session.pr.A.valore = kRows;
-  session.pr.put("mc", store::Put::write);
-  session.pr.flush();
-}
+constexpr int kRows = 800'000, kInvoices = 5'000;
 
 void addInvoices(Session& session) {
   OpenArchive<rec::iv> iv(session, 3, 4);
@@ -104,7 +48,7 @@ Session& books() {
   static const bool made = [] {
     station.start(test::found(station.desk, test::kCompany, test::kYear));
     addVoices(station.session);
-    addJournal(station.session);
+    addJournal(station.session, kRows);
     addInvoices(station.session);
     station.session.store.settle();
     return true;

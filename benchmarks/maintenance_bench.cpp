@@ -1,7 +1,5 @@
 // What it takes to prove, rebuild and repair the journal of a year of a million rows, to make its
 // progressives anew, to verify the books, and to be given the lock of a station that has died.
-//
-// ./bench puts the archives into memory, so that the program is measured and not a disk.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -12,68 +10,16 @@
 
 #include "app/invoices.h"
 #include "app/verify.h"
-#include "archives/mc.h"
-#include "common/text.h"
-#include "store/group.h"
+#include "journal_year.h"
 #include "tools/child.h"
 #include "tools/scratch.h"
 
 namespace {
 
 using namespace tarvex;
+using namespace bench;
 
-constexpr int kRows = 1'000'000, kLines = 5, kVoices = 2'000, kFirstVoice = 100, kAtOnce = 10'000;
-
-std::string zeros(long long value, std::size_t width) { return common::zeroFill(value, width); }
-
-void addVoices(Session& session) {
-  for (int i = 0; i < kVoices; ++i) {
-    rec::pc& voice = session.pc.A = {};
-    const std::string code = zeros(kFirstVoice + i, 5);
-    voice.ragsoc = "CLIENTE " + zeros(i, 6);
-    voice.tipo = "c";
-    voice.natura = "p";
-    voice.mastro = "00001";
-    voice.conto = "00005";
-    voice.codice = voice.mastro + voice.conto + code;
-    session.pc.put(code, store::Put::add);
-  }
-  session.pc.flush();
-}
-
-// Entries of five lines that balance, day after day.
-rec::mc journalRow(int row) {
-  const int entry = row / kLines, line = row % kLines;
-  rec::mc one;
-  one.datareg = "2003" + zeros(1 + row / (kRows / 12 + 1), 2) + zeros(1 + (row / 2400) % 28, 2);
-  one.numdoc = zeros(entry, 6);
-  one.datadoc = one.datareg;
-  one.conto = zeros(kFirstVoice + (row * 7919LL) % kVoices, 5);
-  (line == 0 ? one.dare : one.avere) = line == 0 ? 4.0 * (entry % 997 + 1) : entry % 997 + 1;
-  one.nummov = std::to_string(entry * kLines + 1);
-  one.descrizione = "Fattura n. " + one.numdoc;
-  one.causale = "mg";
-  one.chiavecontodoc = one.conto + one.datadoc + one.numdoc;
-  one.chiavecontodata = one.conto + one.datareg;
-  one.chiavedatadoc = one.datareg + one.numdoc;
-  return one;
-}
-
-void addJournal(Session& session) {
-  OpenArchive<rec::mc> mc(session, 1, 2);
-  for (int first = 0; first < kRows; first += kAtOnce) {
-    store::Group group(session.store, session.groupLog(), session.pr.code, 1);
-    for (int row = first; row < first + kAtOnce; ++row) {
-      mc->A = journalRow(row);
-      mc->put(zeros(row + 1, 8), store::Put::add);
-    }
-    if (!group.commit()) std::abort();
-  }
-  session.pr.A = {};
-  session.pr.A.valore = kRows;
-  session.pr.put("mc", store::Put::write);
-  session.pr.flush();
-}
+constexpr int kRows = 1'000'000;
 
 void makeProgressives(Session& session) {
   const auto form = session.make("RICO");
@@ -87,7 +33,7 @@ Session& books() {
   static const bool made = [] {
     station.start(test::found(station.desk, test::kCompany, test::kYear));
     addVoices(station.session);
-    addJournal(station.session);
+    addJournal(station.session, kRows);
     makeProgressives(station.session);
     station.session.store.settle();
     return true;

@@ -184,6 +184,6 @@ void Rpc::startNext() {
 
 }  // namespace
 
-std::unique_ptr<Form> makeRPC(Session& session) { return std::make_unique<Rpc>(session); }
+std::unique_ptr<Form> makeRpc(Session& session) { return std::make_unique<Rpc>(session); }
 
 }  // namespace tarvex

@@ -10,7 +10,7 @@ namespace tarvex {
 
 std::unique_ptr<ui::Form> makeAnpc(Session& session);
 std::unique_ptr<ui::Form> makeListapc(Session& session);
-std::unique_ptr<ui::Form> makeRPC(Session& session);
+std::unique_ptr<ui::Form> makeRpc(Session& session);
 std::unique_ptr<ui::Form> makeRegfacil(Session& session);
 std::unique_ptr<ui::Form> makeStpc(Session& session);
 std::unique_ptr<ui::Form> makeTrova(Session& session);

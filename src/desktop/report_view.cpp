@@ -76,8 +76,10 @@ ReportView::ReportView(std::shared_ptr<const ui::Report> report, QWidget* parent
   applyZoom();
 }
 
-// A long report is laid out between two keys: its first page shows at once.
+// A long report is laid out between two keys: its first page shows at once. Not while an operation paints the
+// window in its middle: the archives are its own.
 void ReportView::layOutSome() {
+  if (QApplication::overrideCursor()) return;
   constexpr int kSlice = 12;  // milliseconds
   QElapsedTimer clock;
   clock.start();

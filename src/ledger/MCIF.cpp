@@ -238,12 +238,7 @@ void CollectionForm::registerCollection() {
   const Posted result =
       postEntry(session_, collectionEntry(kind_, one),
                 {.replaces = revision_.nummov(), .also = [&] { closeInstalments(session_, kind_, one); }});
-  if (result == Posted::gone) return tellEntryGone(session_);
-  if (result != Posted::done) return;
-  if (revision_.entry()) {
-    revision_.done();
-    return close();
-  }
+  if (!revision_.goesOn(result, *this)) return;
   clear();
   text1.focus();
 }

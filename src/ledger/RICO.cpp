@@ -172,6 +172,6 @@ void Rico::confirm() {
 
 }  // namespace
 
-std::unique_ptr<Form> makeRICO(Session& session) { return std::make_unique<Rico>(session); }
+std::unique_ptr<Form> makeRico(Session& session) { return std::make_unique<Rico>(session); }
 
 }  // namespace tarvex

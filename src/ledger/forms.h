@@ -9,7 +9,7 @@
 namespace tarvex {
 
 std::unique_ptr<ui::Form> makeAmc(Session& session);
-std::unique_ptr<ui::Form> makeRICO(Session& session);
+std::unique_ptr<ui::Form> makeRico(Session& session);
 std::unique_ptr<ui::Form> makeAnnriva(Session& session);
 std::unique_ptr<ui::Form> makeAnnsr(Session& session);
 std::unique_ptr<ui::Form> makeMcca(Session& session);

@@ -71,6 +71,7 @@ class InvoiceForm : public ui::Form {
   void showBalance();
 
   void registerDocument();
+  Posted post();
   bool mayRegister();
   bool subjectGiven();
   bool numberGiven();
@@ -368,27 +369,22 @@ bool InvoiceForm::voicesThere() {
 
 void InvoiceForm::registerDocument() {
   if (!mayRegister()) return;
-  bool agreed = false;
-  for (;;) {
-    InvoiceDocument posted = document();
-    if (kind_.lire) convertFromLire(posted, session_.EuroRate);
-    const DueDates dues = fallingDue(session_, kind_, posted);
-    const Posted result =
-        postEntry(session_, invoiceEntry(kind_, posted), {.replaces = revision_.nummov(), .dues = dues});
-    if (result == Posted::done) {
-      tellMissingCondition(session_, dues);
-      break;
-    }
-    if (result == Posted::failed) return;
-    if (result == Posted::gone) return tellEntryGone(session_);
+  Posted result = post();
+  for (bool agreed = false; result == Posted::taken; result = post())
     if (!moveToFreeNumber(agreed)) return;
-  }
-  if (revision_.entry()) {
-    revision_.done();
-    return close();
-  }
+  if (!revision_.goesOn(result, *this)) return;
   clear();
   text1.focus();
+}
+
+Posted InvoiceForm::post() {
+  InvoiceDocument posted = document();
+  if (kind_.lire) convertFromLire(posted, session_.EuroRate);
+  const DueDates dues = fallingDue(session_, kind_, posted);
+  const Posted result =
+      postEntry(session_, invoiceEntry(kind_, posted), {.replaces = revision_.nummov(), .dues = dues});
+  if (result == Posted::done) tellMissingCondition(session_, dues);
+  return result;
 }
 
 // The number was taken meanwhile: on a yes the field gets the next free one of its register.

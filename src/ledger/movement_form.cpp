@@ -286,12 +286,7 @@ void MovementForm::registerMovement() {
   if (!mayRegister(movement)) return;
   if (kind_.lire) convertFromLire(movement, session_.EuroRate);
   const Posted result = postEntry(session_, movementEntry(movement), {.replaces = revision_.nummov()});
-  if (result == Posted::gone) return tellEntryGone(session_);
-  if (result != Posted::done) return;
-  if (revision_.entry()) {
-    revision_.done();
-    return close();
-  }
+  if (!revision_.goesOn(result, *this)) return;
   clear();
   text1.focus();
 }

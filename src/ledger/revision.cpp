@@ -46,6 +46,15 @@ bool Revision::mayLeave() {
   return true;
 }
 
+bool Revision::goesOn(Posted posted, ui::Form& form) {
+  if (posted == Posted::gone) tellEntryGone(session_);
+  if (posted != Posted::done) return false;
+  if (!entry_) return true;
+  done();
+  form.close();
+  return false;
+}
+
 bool reviseEntry(Session& session, std::string_view causale, const std::string& nummov) {
   for (const RevisionForm& form : kForms) {
     if (form.causale != causale || !session.knows(form.unit)) continue;

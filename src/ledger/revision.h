@@ -11,9 +11,11 @@
 #include <optional>
 #include <string>
 
+#include "ledger/posting.h"
 #include "ledger/removal.h"
 #include "ledger/vat_rows.h"
 #include "session/session.h"
+#include "ui/form.h"
 
 namespace tarvex {
 
@@ -30,10 +32,13 @@ class Revision {
   // From the form's mayClose(): asks whether to leave without the entry, and removes it on a yes.
   bool mayLeave();
 
-  // The entry has been replaced, or is gone: nothing is asked any more.
-  void done() { entry_.reset(); }
+  // What follows the posting of any registration form: another station's removal is told, and a form whose
+  // entry has been replaced closes. True when it has registered and is to be cleared for the next entry.
+  bool goesOn(Posted posted, ui::Form& form);
 
  private:
+  void done() { entry_.reset(); }  // the entry has been replaced, or is gone: nothing is asked any more
+
   Session& session_;
   std::optional<JournalEntry> entry_;
 };

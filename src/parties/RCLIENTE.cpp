@@ -4,11 +4,11 @@
 
 namespace tarvex {
 
-std::unique_ptr<ui::Form> makeRCLIENTE(Session& session) {
+std::unique_ptr<ui::Form> makeRcliente(Session& session) {
   return makeRegistration(session, {"RCLIENTE", "Registrazione cliente", kCustomer});
 }
 
-std::unique_ptr<ui::Form> makeRCLIENT3(Session& session) {
+std::unique_ptr<ui::Form> makeRclient3(Session& session) {
   return makeRegistration(session, {.unit = "RCLIENT3",
                                     .title = "Registrazione cliente",
                                     .party = kCustomer,

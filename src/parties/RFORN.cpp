@@ -16,7 +16,7 @@ std::unique_ptr<ui::Form> make(Session& session, std::string_view unit, bool one
 
 }  // namespace
 
-std::unique_ptr<ui::Form> makeRFORN(Session& session) { return make(session, "RFORN", false); }
-std::unique_ptr<ui::Form> makeRFORN3(Session& session) { return make(session, "RFORN3", true); }
+std::unique_ptr<ui::Form> makeRforn(Session& session) { return make(session, "RFORN", false); }
+std::unique_ptr<ui::Form> makeRforn3(Session& session) { return make(session, "RFORN3", true); }
 
 }  // namespace tarvex

@@ -223,10 +223,10 @@ void PartySelection::print() {
 
 }  // namespace
 
-std::unique_ptr<Form> makeSPS(Session& session) {
+std::unique_ptr<Form> makeSps(Session& session) {
   return std::make_unique<PartySelection>(session, "SPS", kCustomer);
 }
-std::unique_ptr<Form> makeSPSFORN(Session& session) {
+std::unique_ptr<Form> makeSpsforn(Session& session) {
   return std::make_unique<PartySelection>(session, "SPSFORN", supplierOrAgent(session));
 }
 

@@ -4,11 +4,11 @@
 
 namespace tarvex {
 
-std::unique_ptr<ui::Form> makeVARCLI(Session& session) {
+std::unique_ptr<ui::Form> makeVarcli(Session& session) {
   return makeVariation(session, {"VARCLI", "Variazione scheda cliente", kCustomer});
 }
 
-std::unique_ptr<ui::Form> makeVARFORN(Session& session) {
+std::unique_ptr<ui::Form> makeVarforn(Session& session) {
   const PartyKind& party = supplierOrAgent(session);
   return makeVariation(session, {"VARFORN", "Variazione scheda " + std::string(party.noun), party});
 }

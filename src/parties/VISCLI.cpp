@@ -1,4 +1,7 @@
 // Scheda cliente, fornitore, agente: what each shows.
+#include <algorithm>
+#include <array>
+
 #include "common/mask.h"
 #include "parties/card.h"
 #include "parties/forms.h"
@@ -33,7 +36,8 @@ std::string percent(double value) { return common::format("#0.0", value); }
 
 std::string priceList(const rec::pc& party) { return "Listino prezzi " + std::to_string(party.listino); }
 
-constexpr SheetLine kCustomerLines[] = {
+// What the cards of all kinds show.
+constexpr SheetLine kAddress[] = {
     {anagrafica, false, "ragsoc", "Ragione sociale", 32, textOf<&rec::pc::ragsoc>},
     {anagrafica, false, "ragsoc2", " ", 32, textOf<&rec::pc::ragsoc2>},
     {anagrafica, false, "indirizzo", "Indirizzo", 42, textOf<&rec::pc::indirizzo>},
@@ -47,10 +51,21 @@ constexpr SheetLine kCustomerLines[] = {
     {anagrafica, false, "telefono", "Tel.", 22, textOf<&rec::pc::telefono>},
     {anagrafica, true, "fax", "Fax", 22, textOf<&rec::pc::fax>},
     {anagrafica, false, "email", "e-mail", 42, textOf<&rec::pc::email>},
+};
+constexpr SheetLine kBank[] = {
     {condizioni, false, "banca", "Banca", 42, textOf<&rec::pc::banca>},
     {condizioni, false, "abi", "ABI", 19, textOf<&rec::pc::abi>},
     {condizioni, true, "cab", "CAB", 19, textOf<&rec::pc::cab>},
     {condizioni, false, "pagamento", "Condizioni di pagamento", 42, textOf<&rec::pc::pagamento>},
+};
+constexpr SheetLine kBalance[] = {
+    {contabilita, false, "saldoiniziale", "Saldo iniziale:", 16, amountOf<&rec::pc::saldoiniziale>},
+    {contabilita, false, "dare", "Progr. dare:", 16, amountOf<&rec::pc::dare>},
+    {contabilita, false, "avere", "Progr. avere:", 16, amountOf<&rec::pc::avere>},
+    {contabilita, false, "saldo", "Saldo finale:", 16, amountOf<&rec::pc::saldo>},
+};
+
+constexpr SheetLine kCustomerTerms[] = {
     {condizioni, false, "scontocassa", "Sconto cassa", 8,
      [](const rec::pc& c) { return percent(c.scontocassa); }},
     {condizioni, true, "statoiva", "Iva", 22, vatState},
@@ -63,10 +78,8 @@ constexpr SheetLine kCustomerLines[] = {
     {condizioni, false, "campolibero1", "Campo libero 1", 32, textOf<&rec::pc::campolibero1>},
     {condizioni, false, "campolibero2", "Campo libero 2", 32, textOf<&rec::pc::campolibero2>},
     {condizioni, false, "listino", " ", 20, priceList},
-    {contabilita, false, "saldoiniziale", "Saldo iniziale:", 16, amountOf<&rec::pc::saldoiniziale>},
-    {contabilita, false, "dare", "Progr. dare:", 16, amountOf<&rec::pc::dare>},
-    {contabilita, false, "avere", "Progr. avere:", 16, amountOf<&rec::pc::avere>},
-    {contabilita, false, "saldo", "Saldo finale:", 16, amountOf<&rec::pc::saldo>},
+};
+constexpr SheetLine kCustomerFigures[] = {
     {contabilita, false, "fido", "Fido:", 16, amountOf<&rec::pc::fido>},
     {contabilita, false, "fatturatocorr", "Fatturato:", 16, amountOf<&rec::pc::fatturato>},
     {contabilita, false, "fatturatoprec", "Fatturato anno prec.:", 16, amountOf<&rec::pc::fatturatoprec>},
@@ -74,36 +87,27 @@ constexpr SheetLine kCustomerLines[] = {
      [](const rec::pc& c) { return shownDate(c.dataultfatt); }},
 };
 
-constexpr SheetLine kSupplierLines[] = {
-    {anagrafica, false, "ragsoc", "Ragione sociale", 32, textOf<&rec::pc::ragsoc>},
-    {anagrafica, false, "ragsoc2", " ", 32, textOf<&rec::pc::ragsoc2>},
-    {anagrafica, false, "indirizzo", "Indirizzo", 42, textOf<&rec::pc::indirizzo>},
-    {anagrafica, false, "cap", "CAP", 19, textOf<&rec::pc::cap>},
-    {anagrafica, true, "citta", "Città", 32, textOf<&rec::pc::citta>},
-    {anagrafica, true, "provincia", "Prov.", 19, textOf<&rec::pc::provincia>},
-    {anagrafica, false, "nazione", "Nazione", 32, textOf<&rec::pc::nazione>},
-    {anagrafica, false, "partitaiva", "Partita iva", 19, textOf<&rec::pc::partitaiva>},
-    {anagrafica, true, "partitaivaestero", "Partita iva estero", 19, textOf<&rec::pc::partitaivaestero>},
-    {anagrafica, false, "codicefiscale", "Codice fiscale", 19, textOf<&rec::pc::codicefiscale>},
-    {anagrafica, false, "telefono", "Tel.", 22, textOf<&rec::pc::telefono>},
-    {anagrafica, true, "fax", "Fax", 22, textOf<&rec::pc::fax>},
-    {anagrafica, false, "email", "e-mail", 42, textOf<&rec::pc::email>},
-    {condizioni, false, "banca", "Banca", 42, textOf<&rec::pc::banca>},
-    {condizioni, false, "abi", "ABI", 19, textOf<&rec::pc::abi>},
-    {condizioni, true, "cab", "CAB", 19, textOf<&rec::pc::cab>},
-    {condizioni, false, "pagamento", "Condizioni di pagamento", 42, textOf<&rec::pc::pagamento>},
+constexpr SheetLine kSupplierTerms[] = {
     {condizioni, false, "tipocliente", "Tipo fornitore", 22, textOf<&rec::pc::tipocliente>},
     {condizioni, false, "campolibero1", "Campo libero", 32, textOf<&rec::pc::campolibero1>},
     {condizioni, false, "listino", " ", 20, priceList},
-    {contabilita, false, "saldoiniziale", "Saldo iniziale:", 16, amountOf<&rec::pc::saldoiniziale>},
-    {contabilita, false, "dare", "Progr. dare:", 16, amountOf<&rec::pc::dare>},
-    {contabilita, false, "avere", "Progr. avere:", 16, amountOf<&rec::pc::avere>},
-    {contabilita, false, "saldo", "Saldo finale:", 16, amountOf<&rec::pc::saldo>},
+};
+constexpr SheetLine kBirth[] = {
     {contabilita, false, "datanascita", "Data di nascita", 19,
      [](const rec::pc& p) { return shownDate(p.datanascita); }},
     {contabilita, false, "comunenascita", "Comune di nascita", 32, textOf<&rec::pc::comunenascita>},
     {contabilita, true, "provnascita", "Prov.", 19, textOf<&rec::pc::provnascita>},
 };
+
+template <std::size_t... sizes>
+constexpr auto joined(const SheetLine (&... parts)[sizes]) {
+  std::array<SheetLine, (sizes + ...)> all{};
+  auto end = all.begin();
+  ((end = std::copy(std::begin(parts), std::end(parts), end)), ...);
+  return all;
+}
+constexpr auto kCustomerLines = joined(kAddress, kBank, kCustomerTerms, kBalance, kCustomerFigures);
+constexpr auto kSupplierLines = joined(kAddress, kBank, kSupplierTerms, kBalance, kBirth);
 
 constexpr DocumentColumn kSales[] = {
     {"Ordine", &rec::xx::numor, &rec::xx::dataor},       {"Offerta", &rec::xx::numoff, &rec::xx::dataoff},
@@ -164,8 +168,8 @@ constexpr SheetKind kAgentSheet{.unit = "VISAGEN",
 
 }  // namespace
 
-std::unique_ptr<ui::Form> makeVISCLI(Session& session) { return makeSheet(session, kCustomerSheet); }
-std::unique_ptr<ui::Form> makeVISFORN(Session& session) { return makeSheet(session, kSupplierSheet); }
-std::unique_ptr<ui::Form> makeVISAGEN(Session& session) { return makeSheet(session, kAgentSheet); }
+std::unique_ptr<ui::Form> makeViscli(Session& session) { return makeSheet(session, kCustomerSheet); }
+std::unique_ptr<ui::Form> makeVisforn(Session& session) { return makeSheet(session, kSupplierSheet); }
+std::unique_ptr<ui::Form> makeVisagen(Session& session) { return makeSheet(session, kAgentSheet); }
 
 }  // namespace tarvex

@@ -8,18 +8,18 @@
 
 namespace tarvex {
 
-std::unique_ptr<ui::Form> makeRCLIENTE(Session& session);  // RCLIENTE, "Registrazione cliente"
-std::unique_ptr<ui::Form> makeRCLIENT3(Session& session);  // RCLIENT3, the same as a step of another screen
-std::unique_ptr<ui::Form> makeRFORN(
+std::unique_ptr<ui::Form> makeRcliente(Session& session);  // RCLIENTE, "Registrazione cliente"
+std::unique_ptr<ui::Form> makeRclient3(Session& session);  // RCLIENT3, the same as a step of another screen
+std::unique_ptr<ui::Form> makeRforn(
     Session& session);  // RFORN, "Registrazione scheda fornitore", "... agente"
-std::unique_ptr<ui::Form> makeRFORN3(Session& session);  // RFORN3, the same as a step of another screen
-std::unique_ptr<ui::Form> makeVARCLI(Session& session);  // VARCLI, "Variazione scheda cliente"
-std::unique_ptr<ui::Form> makeVARFORN(
+std::unique_ptr<ui::Form> makeRforn3(Session& session);  // RFORN3, the same as a step of another screen
+std::unique_ptr<ui::Form> makeVarcli(Session& session);  // VARCLI, "Variazione scheda cliente"
+std::unique_ptr<ui::Form> makeVarforn(
     Session& session);  // VARFORN, "Variazione scheda fornitore", "... agente"
-std::unique_ptr<ui::Form> makeVISCLI(Session& session);   // VISCLI, "Scheda cliente"
-std::unique_ptr<ui::Form> makeVISFORN(Session& session);  // VISFORN, "Scheda fornitore"
-std::unique_ptr<ui::Form> makeVISAGEN(Session& session);  // VISAGEN, "Scheda agente"
-std::unique_ptr<ui::Form> makeSPS(Session& session);      // SPS, "Stampa parametrica selettiva clienti"
-std::unique_ptr<ui::Form> makeSPSFORN(Session& session);  // SPSFORN, "... fornitori", "... agenti"
+std::unique_ptr<ui::Form> makeViscli(Session& session);   // VISCLI, "Scheda cliente"
+std::unique_ptr<ui::Form> makeVisforn(Session& session);  // VISFORN, "Scheda fornitore"
+std::unique_ptr<ui::Form> makeVisagen(Session& session);  // VISAGEN, "Scheda agente"
+std::unique_ptr<ui::Form> makeSps(Session& session);      // SPS, "Stampa parametrica selettiva clienti"
+std::unique_ptr<ui::Form> makeSpsforn(Session& session);  // SPSFORN, "... fornitori", "... agenti"
 
 }  // namespace tarvex

@@ -73,7 +73,7 @@ void Vall::confirm() {
 
 }  // namespace
 
-std::unique_ptr<Form> makeVALL1(Session& session) { return std::make_unique<Vall>(session, kVerification); }
-std::unique_ptr<Form> makeVALL2(Session& session) { return std::make_unique<Vall>(session, kRebuild); }
+std::unique_ptr<Form> makeVall1(Session& session) { return std::make_unique<Vall>(session, kVerification); }
+std::unique_ptr<Form> makeVall2(Session& session) { return std::make_unique<Vall>(session, kRebuild); }
 
 }  // namespace tarvex

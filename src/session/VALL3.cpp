@@ -106,6 +106,6 @@ void Vall3::showReport(const std::string& report) {
 
 }  // namespace
 
-std::unique_ptr<Form> makeVALL3(Session& session) { return std::make_unique<Vall3>(session); }
+std::unique_ptr<Form> makeVall3(Session& session) { return std::make_unique<Vall3>(session); }
 
 }  // namespace tarvex

@@ -16,9 +16,9 @@ std::unique_ptr<ui::Form> makeDuplica(Session& session);
 std::unique_ptr<ui::Form> makeRegdati(Session& session);
 std::unique_ptr<ui::Form> makeScelta(Session& session);
 std::unique_ptr<ui::Form> makePass(Session& session);  // for the company whose record stands in dataz.B
-std::unique_ptr<ui::Form> makeVALL1(Session& session);
-std::unique_ptr<ui::Form> makeVALL2(Session& session);
-std::unique_ptr<ui::Form> makeVALL3(Session& session);
+std::unique_ptr<ui::Form> makeVall1(Session& session);
+std::unique_ptr<ui::Form> makeVall2(Session& session);
+std::unique_ptr<ui::Form> makeVall3(Session& session);
 std::unique_ptr<ui::Form> makeFoglio(Session& session);
 std::unique_ptr<ui::Form> makeParges(Session& session);
 std::unique_ptr<ui::Form> makePassw(Session& session);

@@ -59,6 +59,7 @@ class Desk {
   // False: the user has asked to stop, which an operation that can be stopped does, and another passes over.
   virtual bool progress(std::size_t done, std::size_t all);
 
+  // A report that is not whole reads archives while it grows: the host lets go of it before the session ends.
   virtual void preview(std::shared_ptr<const Report> report) = 0;
   // False: nothing was printed, as there is no printer, or the user gave up, or the printer failed.
   virtual bool print(std::shared_ptr<const Report> report) = 0;

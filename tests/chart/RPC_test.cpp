@@ -8,7 +8,7 @@ using namespace tarvex;
 namespace {
 
 struct AtRpc {
-  explicit AtRpc(test::Company& books) : form(makeRPC(books.session)), hands(*form) { hands.user.begin(); }
+  explicit AtRpc(test::Company& books) : form(makeRpc(books.session)), hands(*form) { hands.user.begin(); }
   void describe(const std::string& kind, const std::string& name, const std::string& balance = {}) {
     hands.pick("tipo", kind);
     hands.set("Descrizione", name);
@@ -59,7 +59,7 @@ TEST_CASE("two stations that register at once get different numbers") {
   REQUIRE(other.pc.open(other.stem("pc")) == store::kOk);
   REQUIRE(other.pr.open(other.stem("pr")) == store::kOk);
   AtRpc here(books);
-  const auto form = makeRPC(other);
+  const auto form = makeRpc(other);
   Hands there(*form);
   there.user.begin();
   for (const char* name : {"uno", "due", "tre"}) {

@@ -13,7 +13,7 @@ using namespace tarvex;
 namespace {
 
 struct AtCard {
-  explicit AtCard(test::Company& company) : books(company), form(makeRCLIENTE(books.session)), hands(*form) {
+  explicit AtCard(test::Company& company) : books(company), form(makeRcliente(books.session)), hands(*form) {
     hands.user.begin();
   }
   const rec::pc& save() {

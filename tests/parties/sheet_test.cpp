@@ -56,7 +56,7 @@ TEST_CASE("a double click on any of a document's lines opens it, where there is 
   session.pc.open(session.stem("pc"));
   desk.modal["VISDOC1"] = [](ui::Form& form) { form.close(); };
 
-  const auto form = makeVISCLI(session);
+  const auto form = makeViscli(session);
   Hands hands(*form);
   hands.user.begin();
   hands.set("ricerca", "Rossi");
@@ -77,7 +77,7 @@ TEST_CASE("the notes of a card to be read take no text, whatever is typed into t
   books.add("c", "Rossi");
   books.session.pc.A.note = "un <b>buon</b> cliente";
   books.session.pc.put(books.lastCode(), store::Put::rewrite);
-  const auto form = makeVISCLI(books.session);
+  const auto form = makeViscli(books.session);
   Hands hands(*form);
   hands.user.begin();
   hands.set("ricerca", "Rossi");

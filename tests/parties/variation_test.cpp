@@ -126,7 +126,7 @@ TEST_CASE("a card that is opened and registered unchanged leaves its record as i
     const rec::pc before = drawn(draw, tipo);
     books.session.pc.A = before;
     books.session.pc.put("00100", store::Put::write);
-    openAndRegister(books, tipo == "c" ? makeVARCLI(books.session) : makeVARFORN(books.session),
+    openAndRegister(books, tipo == "c" ? makeVarcli(books.session) : makeVarforn(books.session),
                     before.ragsoc);
     CHECK(differences(before, books.voice("00100")) == "");
   }
@@ -136,7 +136,7 @@ TEST_CASE("passing by the name once more loses nothing of what was changed; anot
   test::Company books;
   books.add("c", "Rossi", "Bologna");
   books.add("c", "Verdi", "Forlì");
-  const auto form = makeVARCLI(books.session);
+  const auto form = makeVarcli(books.session);
   Hands hands(*form);
   hands.user.begin();
   hands.set("ricerca", "Rossi");
@@ -158,7 +158,7 @@ TEST_CASE("another customer's VAT number is told, the card's own is not") {
     books.session.pc.A.partitaiva = number;
     books.session.pc.put(books.lastCode(), store::Put::rewrite);
   }
-  const auto form = makeVARCLI(books.session);
+  const auto form = makeVarcli(books.session);
   Hands hands(*form);
   hands.user.begin();
   hands.set("ricerca", "Rossi");

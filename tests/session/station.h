@@ -23,6 +23,7 @@ struct Station {
   explicit Station(const std::filesystem::path& directory, std::string today = "15/01/2003")
       : session({directory, directory, TARVEX_SOURCE_DIR "/data", common::Clock(std::move(today), "10:30")},
                 desk, tarvex::units()) {}
+  ~Station() { desk.previews.clear(); }  // a report that is not whole reads the session's archives
 
   // The start-up, with what the user does in SCELTA.
   bool start(Act scelta) {
