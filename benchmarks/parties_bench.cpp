@@ -4,6 +4,7 @@
 // ./bench puts the archives into memory, so that the program is measured and not a disk.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <string>
 
 #include "archives/fa.h"

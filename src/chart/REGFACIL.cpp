@@ -20,6 +20,7 @@ class Regfacil : public Form {
 
  private:
   void list();
+  Leave leaveVoice();
   void insert();
   void remove();
 
@@ -35,6 +36,7 @@ class Regfacil : public Form {
 Regfacil::Regfacil(Session& session)
     : Form(session.desk(), "REGFACIL", "Elenco sottoconti più usati"), session_(session) {
   accountField(session, voce, {"s", "c", "f", "ag"}, SearchList::postable);
+  voce.onLeave = [this] { return leaveVoice(); };
   inserisci.onPress = [this] { insert(); };
   elimina.onPress = [this] { remove(); };
   annulla.onPress = [this] { close(); };
@@ -47,9 +49,18 @@ void Regfacil::list() {
   elenco.setRows(std::move(rows));
 }
 
+// On a voice that may be posted to its record stands in session_.pc.
+Leave Regfacil::leaveVoice() {
+  if (voce.empty()) return Leave::go;
+  const bool known = readVoice(session_, voce.text(), 1160);
+  if (known && session_.pc.B.tipo != "m" && session_.pc.B.tipo != "cc") return Leave::go;
+  desk().beep();
+  return Leave::stay;
+}
+
 void Regfacil::insert() {
-  const bool known = !voce.empty() && readVoice(session_, voce.text(), 1160);
-  if (!known || session_.pc.B.tipo == "m" || session_.pc.B.tipo == "cc") return desk().beep(), voce.focus();
+  if (voce.empty()) return desk().beep(), voce.focus();
+  if (leaveVoice() == Leave::stay) return voce.focus();
   addFrequent(session_, session_.pc.primaryKey());
   list();
   voce.clear();

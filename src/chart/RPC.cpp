@@ -57,7 +57,7 @@ class Rpc : public Form {
 Rpc::Rpc(Session& session) : Form(session.desk(), "RPC", "Registrazione Piano dei Conti"), session_(session) {
   tipo.select(mastro);
   natura.select(0);
-  tipo.onChange = [this] { showKind(); };
+  tipo.onChange = natura.onChange = [this] { showKind(); };
   registra.onPress = [this] { registerVoice(); };
   annulla.onPress = [this] { close(); };
   showKind();
@@ -75,6 +75,8 @@ void Rpc::load() {
 
 // The nature of a conto or sottoconto is that of its parent.
 void Rpc::showKind() {
+  for (Choice* always : {&tipo, &natura})
+    if (always->index() < 0) always->select(0);
   natura.setVisible(kind() == mastro);
   mastri.setVisible(kind() == conto);
   conti.setVisible(kind() == sottoconto);

@@ -25,10 +25,10 @@ struct Voice {
 
 constexpr Column<Voice> kColumns[] = {
     {"Descrizione", 1, 31, common::Align::left, [](const Voice& v) { return v.name; }},
-    {"Saldo iniz.", 32, 15, common::Align::right, [](const Voice& v) { return amount(v.opening); }},
-    {"Progr. dare", 47, 15, common::Align::right, [](const Voice& v) { return amount(v.dare); }},
-    {"Progr. avere", 62, 15, common::Align::right, [](const Voice& v) { return amount(v.avere); }},
-    {"Saldo finale", 77, 15, common::Align::right, [](const Voice& v) { return amount(v.saldo); }},
+    {"Saldo iniz.", 33, 15, common::Align::right, [](const Voice& v) { return amount(v.opening); }},
+    {"Progr. dare", 48, 15, common::Align::right, [](const Voice& v) { return amount(v.dare); }},
+    {"Progr. avere", 63, 15, common::Align::right, [](const Voice& v) { return amount(v.avere); }},
+    {"Saldo finale", 78, 15, common::Align::right, [](const Voice& v) { return amount(v.saldo); }},
 };
 static_assert(ordered(kColumns));
 

@@ -21,7 +21,7 @@ class Trova : public Form {
   Session& session_;
   Field testo{*this, "text1", "Trova:", Mask::text(40)};
   Choice tipo{*this, "tipo", {}, Choice::Look::options, {"C&liente", "&Fornitore"}};
-  Button cerca{*this, "cerca", "&Trova", Button::Role::main};
+  Button cerca{*this, "cerca", "Ce&rca", Button::Role::main};
   List esito{*this, "esito", "Risultato", {{"Ragione sociale", 32}, {"Indirizzo", 32}, {"Città", 26}}};
   Button chiudi{*this, "chiudi", "&Chiudi", Button::Role::cancel};
 };

@@ -52,7 +52,7 @@ class Varpc : public Form {
 
 Varpc::Varpc(Session& session)
     : Form(session.desk(), "VARPC", "Variazione piano dei conti"), session_(session) {
-  accountField(session, voce, {"m", "cc", "s"}, SearchList::sottoconti);
+  accountField(session, voce, {"m", "cc", "s"}, SearchList::chart);
   voce.onLeave = [this] { return leaveVoice(); };
   registra.onPress = [this] { registerVoice(); };
   annulla.onPress = [this] { close(); };

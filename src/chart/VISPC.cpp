@@ -26,7 +26,7 @@ class Vispc : public Form {
 
 Vispc::Vispc(Session& session)
     : Form(session.desk(), "VISPC", "Visualizzazione piano dei conti"), session_(session) {
-  accountField(session, voce, {"m", "cc", "s", "c", "f", "ag"}, SearchList::postable);
+  accountField(session, voce, {"m", "cc", "s", "c", "f", "ag"}, SearchList::allVoices);
   voce.onLeave = [this] { return show(); };
   chiudi.onPress = [this] { close(); };
 }

@@ -11,7 +11,8 @@
 
 namespace tarvex {
 
-// The search windows ricerca1 to ricerca8, one form under their names.
+// The search windows ricerca1 to ricerca8, one form under their names. Those of the screens that show and
+// change the chart itself list mastri and conti, too, under the names of ricerca3 and ricerca5.
 enum class SearchList {
   customers = 1,
   suppliers,
@@ -21,6 +22,8 @@ enum class SearchList {
   agents,
   mastri,
   conti,
+  chart,
+  allVoices,
 };
 
 // The search window as a modal step, opened at the text typed so far: the description chosen, empty when none

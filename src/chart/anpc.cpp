@@ -1,7 +1,10 @@
 // Annullamento voce del piano dei conti, and anpc1, which shows the voice and asks.
+#include <optional>
+
 #include "chart/account_field.h"
 #include "chart/forms.h"
 #include "chart/voice_labels.h"
+#include "common/amount.h"
 #include "common/text.h"
 #include "session/scan.h"
 #include "ui/form.h"
@@ -12,6 +15,12 @@ namespace {
 using namespace ui;
 
 constexpr double kFirstOfUsers = 50;  // the numbers below are those of the predefined voices
+
+// In cents: what entries that were taken back leave of a sum of doubles is no amount.
+bool hasAmounts(const rec::pc& voice) {
+  return common::roundBalance(voice.saldo) != 0 || common::roundBalance(voice.dare) != 0 ||
+         common::roundBalance(voice.avere) != 0;
+}
 
 class Anpc1 : public Form {
  public:
@@ -43,7 +52,10 @@ class Anpc : public Form {
  private:
   Leave leaveVoice();
   void remove();
-  bool hasChildren();
+  bool erase();
+  bool isFree();
+  std::optional<int> countOnLevel();
+  void tellAmounts();
 
   Session& session_;
   std::string code_;
@@ -54,7 +66,7 @@ class Anpc : public Form {
 
 Anpc::Anpc(Session& session)
     : Form(session.desk(), "anpc", "Annullamento voce del piano dei conti"), session_(session) {
-  accountField(session, voce, {"m", "cc", "s", "c", "f", "ag"}, SearchList::postable);
+  accountField(session, voce, {"m", "cc", "s", "c", "f", "ag"}, SearchList::allVoices);
   voce.onLeave = [this] { return leaveVoice(); };
   elimina.onPress = [this] { remove(); };
   annulla.onPress = [this] { close(); };
@@ -71,42 +83,65 @@ Leave Anpc::leaveVoice() {
   if (!readVoice(session_, voce.text(), 1130)) return desk().beep(), Leave::stay;
   if (common::numberValue(session_.pc.primaryKey()) < kFirstOfUsers)
     return refuse("Un conto predefinito non può essere annullato", "ATTENZIONE");
-  const rec::pc& voice = session_.pc.B;
-  if (voice.saldo != 0 || voice.dare != 0 || voice.avere != 0)
-    return refuse("Non può essere annullato - Valori contabili già registrati", "Attenzione");
+  if (hasAmounts(session_.pc.B)) return tellAmounts(), Leave::stay;
   code_ = session_.pc.primaryKey();
   return Leave::go;
 }
 
 void Anpc::remove() {
   if (code_.empty() || !readVoiceByCode(session_, code_, 1131)) return desk().beep(), voce.focus();
-  if (hasChildren())
-    return desk().warn("Non può essere annullato - Risultano registrati conti o sottoconti associati");
-  if (!readVoiceByCode(session_, code_, 1132)) return;
-  const std::string name = session_.pc.B.ragsoc;
+  if (!isFree()) return;
   bool confirmed = false;
   Anpc1 question(session_, confirmed);
   desk().run(question);
-  if (!confirmed) return;
-  session_.pc.erase(code_);
-  session_.CheckArchiveResult(store::Operation::erase, session_.pc.code, 1133);
-  const bool erased = session_.store.LastArchiveResult == store::kOk;
-  session_.pc.flush();
-  if (erased) session_.log("Cancellato dal piano dei conti " + code_ + " " + name);
+  if (!confirmed || !erase()) return;
   code_.clear();
   voce.clear();
   voce.focus();
 }
 
-// The voice counts itself on its own level.
-bool Anpc::hasChildren() {
+// Under the voice's lock all is looked at once more: other stations have posted while the question stood.
+bool Anpc::erase() {
+  auto& pc = session_.pc;
+  pc.spinLock(code_);
+  const bool free = readVoiceByCode(session_, code_, 1132) && isFree();
+  const std::string name = pc.B.ragsoc;
+  if (free) {
+    pc.erase(code_);
+    session_.CheckArchiveResult(store::Operation::erase, pc.code, 1133);
+    if (session_.store.LastArchiveResult == store::kOk)
+      session_.log("Cancellato dal piano dei conti " + code_ + " " + name);
+    pc.flush();
+  }
+  pc.unlock(code_);
+  return free;
+}
+
+// Of the voice that was read last: neither amounts nor voices below it. Otherwise the user has been told.
+bool Anpc::isFree() {
+  if (hasAmounts(session_.pc.B)) return tellAmounts(), false;
+  const std::optional<int> onItsLevel = countOnLevel();
+  if (!onItsLevel) return false;
+  if (*onItsLevel <= 1) return true;
+  desk().warn("Non può essere annullato - Risultano registrati conti o sottoconti associati");
+  return false;
+}
+
+// The voices of a mastro or conto, itself included. Nothing when the chart cannot be read, which has been
+// reported.
+std::optional<int> Anpc::countOnLevel() {
   const std::string kind = session_.pc.B.tipo;
-  if (kind != "m" && kind != "cc") return false;
+  if (kind != "m" && kind != "cc") return 1;
   int count = 0;
   const bool whole = scan<rec::pc>(session_, 1134, 1135, 1136, [&](const archives::Archive<rec::pc>& pc) {
     if ((kind == "m" ? pc.B.mastro : pc.B.conto) == code_) ++count;
   });
-  return !whole || count > 1;
+  return whole ? std::optional(count) : std::nullopt;
+}
+
+void Anpc::tellAmounts() {
+  desk().beep();
+  desk().warn("Non può essere annullato - Valori contabili già registrati");
 }
 
 }  // namespace

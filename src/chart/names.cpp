@@ -1,5 +1,7 @@
 #include "chart/names.h"
 
+#include <utility>
+
 #include "common/text.h"
 
 namespace tarvex {

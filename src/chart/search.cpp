@@ -18,6 +18,7 @@ struct Window {
   std::string_view name, title;
   NameRun run;
   std::string_view kind = {};  // voices so few that all of them are read; the run is not used then
+  bool structure = false;      // with the mastri and conti that a run of all the voices holds
 };
 
 // In the order of SearchList.
@@ -30,6 +31,8 @@ constexpr Window kWindows[] = {
     {"ricerca6", "Ricerca agente", {}, "ag"},
     {"ricerca7", "Ricerca mastro", {}, "m"},
     {"ricerca8", "Ricerca conto", {}, "cc"},
+    {"ricerca3", "Ricerca voce del piano dei conti", {59, "ss"}},
+    {"ricerca5", "Ricerca voce del piano dei conti", {1, {}}, {}, true},
 };
 
 struct Line {
@@ -64,9 +67,9 @@ Line lineOf(const Session& session) {
 
 bool comesBefore(const Line& a, const Line& b) { return common::upper(a.name) < common::upper(b.name); }
 
-// Only the run of all the voices holds mastri and conti beside what may be posted to.
+// The run of all the voices holds mastri and conti beside what may be posted to.
 bool isListed(const Window& window, const rec::pc& voice) {
-  return window.run.index != 1 || (voice.tipo != "m" && voice.tipo != "cc");
+  return window.run.index != 1 || window.structure || (voice.tipo != "m" && voice.tipo != "cc");
 }
 
 Lines linesBefore(Session& session, const Window& window, const std::string& place, std::size_t limit) {

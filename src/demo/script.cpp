@@ -1,6 +1,7 @@
 #include "demo/script.h"
 
 #include <string_view>
+#include <utility>
 
 #include "common/amount.h"
 #include "common/text.h"

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QSpinBox>
 #include <functional>
+#include <string>
 
 namespace desktop {
 

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QStyleOption>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "desktop/field_edit.h"

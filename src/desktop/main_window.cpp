@@ -13,6 +13,7 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/about.h"
 #include "desktop/area.h"

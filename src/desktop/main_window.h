@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "session/frame.h"

@@ -6,6 +6,8 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QToolButton>
+#include <algorithm>
+#include <cmath>
 
 #include "desktop/icons.h"
 #include "desktop/words.h"

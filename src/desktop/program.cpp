@@ -1,6 +1,7 @@
 #include "desktop/program.h"
 
 #include <QApplication>
+#include <utility>
 
 #include "common/text.h"
 #include "desktop/splash.h"

@@ -1,6 +1,7 @@
 #include "desktop/report_json.h"
 
 #include <nlohmann/json.hpp>
+#include <utility>
 
 namespace desktop {
 namespace {

@@ -16,6 +16,7 @@
 #include <QToolButton>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "desktop/box.h"
 #include "desktop/icons.h"

@@ -15,6 +15,7 @@
 #include <QTableView>
 #include <QToolButton>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/box.h"
 #include "desktop/icons.h"

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QStyleOption>
 #include <QToolButton>
+#include <utility>
 
 #include "desktop/backgrounds.h"
 #include "desktop/icons.h"

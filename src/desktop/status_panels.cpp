@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
+#include <algorithm>
 
 #include "desktop/theme.h"
 

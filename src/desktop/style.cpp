@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <algorithm>
 
 #include "desktop/style_parts.h"
 #include "desktop/theme.h"

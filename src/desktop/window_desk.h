@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "ui/desk.h"

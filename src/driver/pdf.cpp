@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <utility>
 #include <nlohmann/json.hpp>
 #include <string_view>
 #include <system_error>

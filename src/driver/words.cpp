@@ -1,6 +1,8 @@
 #include "driver/words.h"
 
+#include <algorithm>
 #include <charconv>
+#include <utility>
 #include <nlohmann/json.hpp>
 
 namespace driver {

@@ -1,4 +1,6 @@
 // Registrazione condizioni pagamento.
+#include <algorithm>
+
 #include "common/text.h"
 #include "duedates/conditions.h"
 #include "duedates/forms.h"

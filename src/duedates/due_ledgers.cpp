@@ -1,5 +1,7 @@
 #include "duedates/due_ledgers.h"
 
+#include <utility>
+
 #include "archives/sd.h"
 #include "archives/sf.h"
 #include "archives/st.h"

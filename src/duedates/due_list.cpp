@@ -1,5 +1,6 @@
 #include "duedates/due_list.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 #include "common/date.h"

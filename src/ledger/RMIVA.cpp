@@ -1,5 +1,7 @@
 // Registrazione manuale nel registro iva: a VAT row without journal lines. From then on that register and the
 // journal differ, which is what the screen is for.
+#include <algorithm>
+
 #include "chart/account_field.h"
 #include "common/amount.h"
 #include "common/date.h"
@@ -39,6 +41,7 @@ class Rmiva : public Form {
 
   Session& session_;
   std::string subject_;  // code, from the checks
+  std::string taxed_;    // what the tax was computed on last: one that the user has corrected stays
   Choice tipo{*this, "tipo", "Tipo:", Choice::Look::options, {"Ac&quisti", "&Vendite", "&Corrispettivi"}};
   Field registro{*this, "registro", "Registro:", Mask::oneOf("123456789")};
   Field soggetto{*this, "soggetto", "Cliente/Fornitore:", Mask::text(30)};
@@ -90,7 +93,10 @@ Leave Rmiva::leaveCode() {
     desk().beep();
     return Leave::stay;
   }
-  if (imposta.empty()) imposta.setNumber(common::vatOf(imponibile.number(), code->aliquota));
+  const std::string taxed = imponibile.text() + " " + codiva.text();
+  if (imposta.empty() || taxed != taxed_)
+    imposta.setNumber(common::vatOf(imponibile.number(), code->aliquota));
+  taxed_ = taxed;
   return Leave::go;
 }
 

@@ -1,5 +1,6 @@
 // Prima Nota: the journal in a list; and Revisione prima nota, where an entry is chosen to be changed or,
 // when it closes or opens the accounts, annulled.
+#include <algorithm>
 #include <array>
 
 #include "common/date.h"
@@ -60,8 +61,7 @@ class Vmc : public Form {
 
 Vmc::Vmc(Session& session, bool revises)
     : Form(session.desk(), revises ? "AMC" : "VMC", revises ? "Revisione prima nota" : "Prima Nota"),
-      session_(session),
-      revises_(revises) {
+      session_(session) {
   for (const ListedKind& kind : kListedKinds) tipo.addItem(kind.name);
   tipo.select(0);
   righe.setHeight(17);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <unordered_map>
+#include <utility>
 
 #include "archives/mc.h"
 #include "common/amount.h"

@@ -1,5 +1,6 @@
 #include "ledger/invoice_form.h"
 
+#include <algorithm>
 #include <array>
 
 #include "chart/account_field.h"

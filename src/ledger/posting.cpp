@@ -1,5 +1,7 @@
 #include "ledger/posting.h"
 
+#include <utility>
+
 #include "common/amount.h"
 #include "common/date.h"
 #include "common/text.h"

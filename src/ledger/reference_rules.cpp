@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <unordered_set>
+#include <utility>
 
 #include "archives/ia.h"
 #include "archives/ic.h"

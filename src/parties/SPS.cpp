@@ -1,4 +1,6 @@
 // Stampa parametrica selettiva clienti, fornitori, agenti: one screen, its columns and filters by the kind.
+#include <algorithm>
+
 #include "common/text.h"
 #include "parties/card.h"
 #include "parties/forms.h"

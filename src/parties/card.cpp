@@ -198,6 +198,7 @@ void StatisticsPage::show(const rec::pc& party) {
 // --- Destinazioni ---
 
 DestinationsPage::DestinationsPage(Form& owner) : form(owner) {
+  numero.pages = true;
   numero.onChange = [this] { showSlot(); };
   for (Field* field : {&nominativo, &indirizzo, &citta}) field->onChange = [this] { keep(); };
   showSlot();

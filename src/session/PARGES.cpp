@@ -1,6 +1,7 @@
 // Parametri di gestione: the parameters of the installation, and where its archives lie.
 #include <filesystem>
 
+#include "common/text.h"
 #include "session/forms.h"
 #include "session/parameter_pages.h"
 #include "session/startup.h"
@@ -85,13 +86,14 @@ void Parges::load() {
 }
 
 void Parges::confirm() {
-  if (station.index() == network && server.empty())
+  const std::string path = common::trim(server.text());
+  if (station.index() == network && path.empty())
     return desk().refuse("Non è stato inserito il percorso di rete", server);
   rec::param parameters = loaded_;
   bindings_.take(parameters);
   if (parameters.carattere.empty()) parameters.carattere = kUsualFont;
   if (!keep(parameters)) return;
-  if (!writeLine(addressFile(), station.index() == network ? server.text() : std::string(kSingleStation)))
+  if (!writeLine(addressFile(), station.index() == network ? path : std::string(kSingleStation)))
     return desk().refuse("Non è stato possibile scrivere il file " + addressFile(), station);
   close();
 }

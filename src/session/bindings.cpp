@@ -1,6 +1,7 @@
 #include "session/bindings.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace tarvex {
@@ -39,9 +40,17 @@ void Bindings::bind(ui::Field& field, Number number) {
        [&field, number](rec::param& to) { to.*number = field.number(); });
 }
 
+// A value outside of the control's range stays in the record while the control is left alone.
 void Bindings::bind(ui::Spin& spin, Small field) {
-  bind([&spin, field](const rec::param& from) { spin.setValue(from.*field); },
-       [&spin, field](rec::param& to) { to.*field = static_cast<std::int16_t>(spin.value()); });
+  const auto shown = std::make_shared<int>();
+  bind(
+      [&spin, field, shown](const rec::param& from) {
+        spin.setValue(from.*field);
+        *shown = spin.value();
+      },
+      [&spin, field, shown](rec::param& to) {
+        if (spin.value() != *shown) to.*field = static_cast<std::int16_t>(spin.value());
+      });
 }
 
 void Bindings::bind(ui::Choice& combo, Text text) {

@@ -1,5 +1,7 @@
 #include "session/checks.h"
 
+#include <utility>
+
 #include "common/date.h"
 #include "common/vat_number.h"
 #include "ui/desk.h"
@@ -31,6 +33,11 @@ bool validateRegistrationDate(Session& session, std::string& date) {
   session.desk().show({"L'anno inserito non corrisponde all'anno di lavoro", std::string(kProduct),
                        ui::Ask::ok, ui::Icon::warning});
   return false;
+}
+
+std::string lastDayShown(const Session& session) {
+  return common::isDateOf(session.TodayText, session.WorkYear) ? session.TodayText
+                                                               : "31/12/" + session.WorkYear;
 }
 
 bool ValidateVatNumber(Session& session, std::string_view number) {

@@ -19,6 +19,10 @@ bool ValidateDate(Session& session, std::string& date);
 // corrisponde all'anno di lavoro", title the product's name).
 bool validateRegistrationDate(Session& session, std::string& date);
 
+// The day that a period of the year ends with unless told: today, or the year's last day when today is in
+// another.
+std::string lastDayShown(const Session& session);
+
 // Beep and "La partita iva inserita non è corretta" when the check digit fails.
 bool ValidateVatNumber(Session& session, std::string_view number);
 

@@ -117,7 +117,7 @@ PrintPage::PrintPage(Form& form, Bindings& bindings)
         reminder.setText(text);
       },
       [this](rec::param& to) {
-        to.testosollecito.fill({});
+        std::fill(to.testosollecito.begin() + 1, to.testosollecito.end(), std::string());
         std::string text = reminder.plainText();
         for (std::size_t i = 1; i < to.testosollecito.size() && !text.empty(); ++i) {
           const std::size_t end = std::min(text.find('\n'), text.size());

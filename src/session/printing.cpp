@@ -1,5 +1,7 @@
 #include "session/printing.h"
 
+#include <utility>
+
 namespace tarvex {
 
 ui::Setup printSetup(const Session& session) {

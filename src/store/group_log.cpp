@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 #include "store/errors.h"
 #include "store/files.h"

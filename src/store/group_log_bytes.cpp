@@ -1,5 +1,7 @@
 #include "store/group_log_bytes.h"
 
+#include <utility>
+
 #include "store/checksum.h"
 
 namespace store {

@@ -191,6 +191,8 @@ class Choice : public Control {  // one out of several: options side by side, or
   std::string text() const;                       // of the chosen item, without "&"; empty when none is
   void setItems(std::vector<std::string> items);  // none is chosen then
   void addItem(std::string_view item);
+  void nameItems(Words names) { names_.assign(names.begin(), names.end()); }  // in the order of the items
+  const std::vector<std::string>& itemNames() const { return names_; }
   void select(int index);                  // -1, or no such item: none
   bool selectText(std::string_view text);  // false, and none is chosen, when no item reads so
   std::function<void()> onChange;
@@ -199,7 +201,7 @@ class Choice : public Control {  // one out of several: options side by side, or
 
  private:
   Look look_;
-  std::vector<std::string> items_;
+  std::vector<std::string> items_, names_;
   int index_ = -1;
 };
 
@@ -213,6 +215,7 @@ class Spin : public Control {
   void setRange(int minimum, int maximum);
   void setValue(int value);  // held within the range
   std::function<void()> onChange;
+  bool pages = false;  // through what the form shows: PageUp and PageDown turn it from anywhere
   std::string_view kind() const override { return "spin"; }
 
  private:

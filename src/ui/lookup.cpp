@@ -39,13 +39,25 @@ Found cellNamed(const Form& form, std::string_view name) {
   return {};
 }
 
+// An option that bears a name of its own.
+Found itemNamed(const Form& form, const std::string& folded) {
+  for (Control* control : form.controls()) {
+    const auto* choice = dynamic_cast<Choice*>(control);
+    if (!choice) continue;
+    for (std::size_t i = 0; i < choice->itemNames().size(); ++i)
+      if (common::upper(choice->itemNames()[i]) == folded) return {control, static_cast<int>(i), nullptr, 0};
+  }
+  return {};
+}
+
 Found byName(const Form& form, std::string_view name) {
   for (Control* control : form.controls())
     if (control->name() == name) return named(*control);
   const std::string folded = common::upper(name);
   for (Control* control : form.controls())
     if (common::upper(control->name()) == folded) return named(*control);
-  return cellNamed(form, name);
+  const Found item = itemNamed(form, folded);
+  return item.control ? item : cellNamed(form, name);
 }
 
 // Whether the control lies in a group box or on a page of tabs of that title.

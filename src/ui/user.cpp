@@ -189,7 +189,10 @@ bool User::onward(Control& control) {
 bool User::vertical(Control& control, int way) {
   if (auto* list = dynamic_cast<List*>(&control)) return moveInList(*list, way);
   if (auto* spinner = dynamic_cast<Spin*>(&control)) return spinInPlace(*spinner, -way);
-  if (auto* choice = dynamic_cast<Choice*>(&control)) return choose(*choice, choice->index() + way);
+  if (auto* choice = dynamic_cast<Choice*>(&control)) {
+    const int to = choice->index() + way;
+    return to >= 0 && choose(*choice, to);
+  }
   if (dynamic_cast<Memo*>(&control)) return false;
   if (auto* field = dynamic_cast<Field*>(&control); field && browse(*field, way)) return true;
   const Cell cell = cellOf(control);
@@ -204,7 +207,7 @@ bool User::pageKey(Control& control, int way) {
                    ? &cell.column->grid()
                    : firstShown<Grid>(form_, [](const Grid& at) { return at.pages() > 1; });
   if (grid) return turn(*grid, grid->page() + way);
-  auto* spinner = firstShown<Spin>(form_, [](const Spin&) { return true; });
+  auto* spinner = firstShown<Spin>(form_, [](const Spin& at) { return at.pages; });
   return spinner && spinInPlace(*spinner, way);
 }
 

@@ -1,5 +1,8 @@
 // Liquidazione Iva: of a period, of the whole year, of a single register. One screen; the last two write
 // nothing.
+#include <utility>
+
+#include "common/text.h"
 #include "session/printing.h"
 #include "ui/form.h"
 #include "vat/forms.h"
@@ -121,12 +124,14 @@ std::optional<SettlementTerms> Liqiva::terms() {
                         .previous = previousBalance(*balances, chosenPeriod()),
                         .ventilation = {},
                         .wholeEuros = arrotonda.on(),
-                        .interestPercent = percentuale.enabled() ? percentuale.number() : 0,
+                        .interestPercent = {},
                         .minimum = session_.param.minimoiva};
+  if (percentuale.enabled()) terms.interestPercent = percentuale.number();
   if (!ventilazione.on()) return terms;
   terms.ventilation = Ventilation{importo.number(), {}};
   for (int row = 1; row <= kExcludedCodes; ++row)
-    if (!codici[row].empty()) terms.ventilation->excluded.push_back(codici[row].text());
+    if (std::string code = common::trim(codici[row].text()); !code.empty())
+      terms.ventilation->excluded.push_back(std::move(code));
   return terms;
 }
 

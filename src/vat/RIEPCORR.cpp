@@ -37,7 +37,7 @@ class Riepcorr : public Form {
 Riepcorr::Riepcorr(Session& session)
     : Form(session.desk(), "RIEPCORR", "Riepilogo iva corrispettivi"), session_(session) {
   dalla.setText(session.YearStartDate);
-  alla.setText(session.TodayText);
+  alla.setText(lastDayShown(session));
   ok.onPress = [this] { show(); };
   annulla.onPress = [this] { close(); };
 }

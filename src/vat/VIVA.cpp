@@ -1,4 +1,5 @@
 // Situazione Iva: the figures of a period on the screen, without a print.
+#include <algorithm>
 #include <cmath>
 
 #include "common/text.h"

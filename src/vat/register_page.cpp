@@ -1,4 +1,6 @@
 // The registers on paper.
+#include <utility>
+
 #include "common/mask.h"
 #include "common/text.h"
 #include "vat/register.h"

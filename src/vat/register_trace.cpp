@@ -1,4 +1,6 @@
 // What makes each total of a register.
+#include <utility>
+
 #include "common/amount.h"
 #include "common/text.h"
 #include "vat/register.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "common/amount.h"
 #include "common/text.h"
@@ -103,8 +104,8 @@ Settlement settle(SettlementTerms terms, SettlementRows& rows, const VatTable& t
     for (double* total : {&made.purchaseVat, &made.salesVat, &made.receiptsVat}) *total = wholeEuros(*total);
   made.result =
       common::roundBalance(made.terms.previous + made.purchaseVat - made.salesVat - made.receiptsVat);
-  if (-made.result > made.terms.minimum)
-    made.interest = common::roundBalance(-made.result * made.terms.interestPercent / 100);
+  if (made.terms.interestPercent && made.isDebit() && -made.result > made.terms.minimum)
+    made.interest = common::roundBalance(-made.result * *made.terms.interestPercent / 100);
   return made;
 }
 
@@ -121,8 +122,8 @@ std::vector<Figure> figuresOf(const Settlement& settlement) {
       {"Iva corrispettivi: ", settlement.receiptsVat},
       {settlement.isDebit() ? "Iva a debito:      " : "Iva a credito:     ", std::abs(settlement.result)},
   };
-  if (settlement.interest == 0) return figures;
-  figures.push_back({"Interessi:         ", settlement.interest});
+  if (!settlement.interest) return figures;
+  figures.push_back({"Interessi:         ", *settlement.interest});
   figures.push_back({"Totale a debito:   ", settlement.due()});
   return figures;
 }

@@ -33,8 +33,8 @@ struct SettlementTerms {
   double previous = 0;   // the balance carried from the period before: positive for a credit
   std::optional<Ventilation> ventilation;
   bool wholeEuros = false;     // each of the three totals is rounded to the Euro
-  double interestPercent = 0;  // on a debit that is paid; 0: none is asked
-  double minimum = 0;          // the least debit that is paid
+  std::optional<double> interestPercent;  // on a debit that is paid, where it is asked
+  double minimum = 0;                     // the least debit that is paid
 };
 
 struct SettlementRows {
@@ -54,8 +54,8 @@ struct Settlement {
   VatSum ventilated;
   double purchaseVat = 0, salesVat = 0, receiptsVat = 0;  // rounded to the Euro when that is asked
   double result = 0;                                      // in whole cents; negative: a debit
-  double interest = 0;                                    // on a debit above the minimum
-  double due() const { return interest - result; }
+  std::optional<double> interest;                         // on a debit above the minimum, where it is asked
+  double due() const { return interest.value_or(0) - result; }
   bool isDebit() const { return result < 0; }
 };
 

@@ -1,4 +1,6 @@
 // The settlement on paper.
+#include <utility>
+
 #include "common/text.h"
 #include "vat/settlement.h"
 

@@ -1,6 +1,7 @@
 #include "vat/settlement_state.h"
 
 #include <array>
+#include <utility>
 
 #include "common/text.h"
 

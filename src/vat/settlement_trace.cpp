@@ -55,10 +55,9 @@ Steps resultSteps(const Settlement& settlement) {
 }
 
 Steps interestSteps(const Settlement& settlement) {
-  Steps steps{
-      {common::toText(-settlement.result) + " x " + common::toText(settlement.terms.interestPercent) + "%",
-       -settlement.result * settlement.terms.interestPercent / 100}};
-  closeBy(steps, settlement.interest, "Arrotondamento al centesimo");
+  const double debit = -settlement.result, percent = settlement.terms.interestPercent.value_or(0);
+  Steps steps{{common::toText(debit) + " x " + common::toText(percent) + "%", debit * percent / 100}};
+  closeBy(steps, settlement.interest.value_or(0), "Arrotondamento al centesimo");
   return steps;
 }
 
@@ -81,7 +80,7 @@ Trace traceOf(const Settlement& settlement, std::shared_ptr<const SettlementRows
       [kept] { return resultSteps(*kept); },
       [kept] { return interestSteps(*kept); },
       [kept] {
-        return Steps{{"Iva a debito", -kept->result}, {"Interessi", kept->interest}};
+        return Steps{{"Iva a debito", -kept->result}, {"Interessi", kept->interest.value_or(0)}};
       },
   };
   Trace trace;

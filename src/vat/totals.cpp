@@ -1,5 +1,7 @@
 #include "vat/totals.h"
 
+#include <utility>
+
 #include "common/amount.h"
 #include "common/mask.h"
 #include "common/text.h"

@@ -46,7 +46,9 @@ void Varsi::show() {
   nuovo.clear();
 }
 
+// A balance of 0 is typed: an empty field would wipe out, by a second Enter, what was just registered.
 void Varsi::save() {
+  if (nuovo.empty()) return desk().beep(), nuovo.focus();
   const double value = nuovo.number();
   const int number = periodo.period().number;
   if (changeVatBalances(session_, [&](rec::si& balances) { saldoOf(balances, number) = value; })) show();

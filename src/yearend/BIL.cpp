@@ -29,7 +29,7 @@ class Bil : public Form {
 
   Session& session_;
   Choice lettura{*this,
-                 "Option1",
+                 "lettura",
                  "Lettura dati",
                  Choice::Look::options,
                  {"Dal &piano dei conti", "Dai &movimenti contabili"}};
@@ -42,11 +42,10 @@ class Bil : public Form {
 };
 
 Bil::Bil(Session& session) : Form(session.desk(), "BIL", "Stampa Bilancio"), session_(session) {
+  lettura.nameItems({"Option1", "Option2"});
   lettura.select(0);
   lettura.onChange = [this] { enable(); };
-  dalla.setText(session.YearStartDate);
-  alla.setText(common::isDateOf(session.TodayText, session.WorkYear) ? session.TodayText
-                                                                     : "31/12/" + session.WorkYear);
+  for (Field* date : {&dalla, &alla}) date->setText(session.YearStartDate);
   anteprima.set(true);
   anteprima.onChange = [this] { foglio.set(false); };
   foglio.onChange = [this] { anteprima.set(false); };

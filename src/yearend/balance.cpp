@@ -1,5 +1,6 @@
 #include "yearend/balance.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "common/amount.h"

@@ -1,4 +1,6 @@
 // The balance on paper.
+#include <utility>
+
 #include "common/mask.h"
 #include "common/text.h"
 #include "ui/paged.h"

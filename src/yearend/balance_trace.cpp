@@ -1,8 +1,11 @@
 // What makes each figure of a balance.
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "common/amount.h"
 #include "common/text.h"
+#include "ledger/books/date_range.h"
 #include "yearend/balance.h"
 
 namespace tarvex {
@@ -28,23 +31,21 @@ double sumOfRows(Session& session, const std::string& code, const DateRange& ran
   return sum;
 }
 
-constexpr std::string_view kFirst = "00000000", kLast = "99999999";
-
 struct Asked {
   Session& session;
   std::shared_ptr<const ChartVoices> voices;
   BalanceSource source;
+  bool openingPosted;
 
-  DateRange range() const {
-    return source.range.value_or(DateRange{std::string(kFirst), std::string(kLast)});
-  }
+  DateRange range() const { return source.range.value_or(wholeYear(session)); }
 };
 
 // Of a voice its opening and its rows; out of the chart, too, what the rows do not explain.
 Steps voiceSteps(const Asked& asked, const std::string& code) {
   Steps steps;
   const ChartVoice& voice = asked.voices->at(code);
-  if (!asked.source.range && voice.opening != 0) steps.push_back({"Saldo iniziale", voice.opening});
+  if (!asked.source.range && !asked.openingPosted && voice.opening != 0)
+    steps.push_back({"Saldo iniziale", voice.opening});
   addRows(asked.session, code, asked.range(), steps);
   return steps;
 }
@@ -90,7 +91,7 @@ Steps totalSteps(const Balance& balance, BalanceSide side) {
 Trace traceOf(Session& session, std::shared_ptr<const ChartVoices> voices, const Balance& balance,
               const BalanceSource& source) {
   const auto kept = std::make_shared<const Balance>(balance);
-  const Asked asked{session, std::move(voices), source};
+  const Asked asked{session, std::move(voices), source, isOpeningPosted(session)};
   Trace trace;
   for (const BalanceSide side : kBalanceSides) {
     trace.push_back({std::string(plainName(side)) + ": totale a pareggio", balance.levelled(side),

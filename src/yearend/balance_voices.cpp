@@ -1,5 +1,7 @@
 // The accounts of a balance, read from the chart or summed up from the journal.
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 
 #include "chart/voice.h"
 #include "common/amount.h"
@@ -11,7 +13,7 @@
 namespace tarvex {
 namespace {
 
-constexpr std::size_t kMostAccounts = 2000;
+constexpr std::ptrdiff_t kMostAccounts = 2000;
 constexpr std::string_view kGathering[] = {kCustomersConto, kSuppliersConto, kAgentsConto};
 
 using Sums = std::unordered_map<std::string, common::Currency>;  // by voice, positive in debit
@@ -41,6 +43,15 @@ std::optional<Sums> sumJournal(Session& session, const ChartVoices& voices, cons
     accounts[gathered.empty() ? code : std::string(gathered)] += sum;
   }
   return accounts;
+}
+
+// The balance sheet and the year's result are summed up one after the other.
+bool isTooLong(const std::vector<BalanceAccount>& accounts) {
+  for (const std::string_view natura : {"p", "e"})
+    if (std::ranges::count(accounts, natura, [](const BalanceAccount& a) { return a.voice->natura; }) >
+        kMostAccounts)
+      return true;
+  return false;
 }
 
 void sortByChart(std::vector<BalanceAccount>& accounts) {
@@ -90,7 +101,7 @@ std::optional<std::vector<BalanceAccount>> readAccounts(Session& session, const 
     amount = common::roundBalance(amount);
     if (amount != 0) accounts.push_back({code, &voice, amount});
   }
-  if (accounts.size() > kMostAccounts) {
+  if (source.range && isTooLong(accounts)) {
     runtimeError(session, "I conti da stampare sono più di " + std::to_string(kMostAccounts));
     return {};
   }

@@ -1,4 +1,5 @@
 #include <doctest/doctest.h>
+#include <cmath>
 
 #include "chart/company.h"
 #include "chart/forms.h"

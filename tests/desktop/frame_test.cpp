@@ -1,5 +1,6 @@
 // The window of the frame: what its menus offer, what it remembers, how it ends.
 #include <doctest/doctest.h>
+#include <algorithm>
 
 #include <QLabel>
 #include <QMdiSubWindow>

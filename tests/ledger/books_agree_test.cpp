@@ -1,5 +1,6 @@
 // Books drawn from a seed, and everything that is printed of them: each total equals the others to the cent.
 #include <cmath>
+#include <set>
 #include <sstream>
 
 #include "ledger/books/account_card.h"

@@ -7,6 +7,7 @@
 #include <random>
 #include <set>
 #include <tuple>
+#include <utility>
 
 #include "store/books.h"
 #include "store/group.h"

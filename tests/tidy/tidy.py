@@ -137,6 +137,45 @@ def rule_includes_run_down(tree):
                 yield Finding(path, line, f"{folder_of(path)} may not include {target}")
 
 
+# Names of the standard library by the header that a file must reach by itself.
+STANDARD = {
+    "algorithm": r"ranges::(find|find_if|sort|stable_sort|any_of|all_of|none_of|count|count_if|max_element|"
+                 r"min_element|copy|reverse|unique|lower_bound|upper_bound|equal|contains)|sort|stable_sort|"
+                 r"find|find_if|any_of|all_of|none_of|count_if|max_element|min_element|lower_bound|"
+                 r"upper_bound|unique|reverse|copy|copy_n|clamp|min|max|replace|remove_if|transform",
+    "array": "array", "charconv": "(from|to)_chars", "cmath": "f?abs|floor|ceil|round|trunc|pow|isfinite",
+    "cstdint": "u?int(8|16|32|64)_t", "filesystem": "filesystem", "functional": "function",
+    "map": "map|multimap", "memory": "unique_ptr|shared_ptr|weak_ptr|make_unique|make_shared",
+    "optional": "optional|nullopt", "set": "set|multiset", "span": "span", "string": "string|to_string",
+    "string_view": "string_view", "unordered_map": "unordered_map", "vector": "vector",
+    "utility": "pair|move|exchange|swap|forward", "fstream": "[io]?fstream", "chrono": "chrono",
+}
+
+
+def reached(tree, path, seen=None):
+    """The standard headers that a file includes, by itself or through the project's own."""
+    seen = set() if seen is None else seen
+    if path in seen or path not in tree.files:
+        return set()
+    seen.add(path)
+    found = set(re.findall(r"^\s*#include <([a-z_]+)>", tree.files[path], re.M))
+    for target in re.findall(r'^\s*#include "([^"]+)"', tree.files[path], re.M):
+        for place in ("src/", "tests/", os.path.dirname(path) + "/"):
+            found |= reached(tree, place + target, seen)
+    return found
+
+
+def rule_standard_headers_are_included(tree):
+    """The precompiled header hides what is missing, until a build goes without it."""
+    for path in tree.paths(["src", "tests", "benchmarks"], (".cpp", ".h")):
+        headers = reached(tree, path)
+        for header, names in STANDARD.items():
+            match = None if header in headers else re.search(rf"\bstd::({names})\b", tree.code(path))
+            if match:
+                line = line_at(tree.code(path), match.start())
+                yield Finding(path, line, f"{match.group()} wants <{header}>")
+
+
 def rule_no_toolkit_in_the_core(tree):
     """Forms run without a screen, in the driver and in the tests; only the desktop draws."""
     paths = [path for path in tree.paths(["src", "tests", "bench", "benchmarks"], (".cpp", ".h"))

@@ -8,10 +8,11 @@ SOUND = {
     "README.md": "Two commands.\n",
     "docs/store.md": "The log is flushed once.\n",
     "src/common/CMakeLists.txt": "tarvex_layer(common SOURCES date.cpp)\n",
-    "src/common/date.h": "#pragma once\n",
+    "src/common/date.h": "#pragma once\n#include <string_view>\n",
     "src/common/date.cpp": '#include "common/date.h"\n',
     "src/session/CMakeLists.txt": "tarvex_layer(session SOURCES company.cpp)\n",
-    "src/session/session.h": '#include "common/date.h"\n'
+    "src/session/session.h": '#include <array>\n#include <fstream>\n#include <memory>\n'
+                             '#include "common/date.h"\n'
                              "struct Session {\n"
                              "  void CheckArchiveResult(Operation operation, int archive, int position) {\n"
                              "    store.CheckArchiveResult(operation, archive, position);\n"
@@ -92,6 +93,15 @@ class Rules(unittest.TestCase):
         self.caught(in_posting("#include <QString>\n"), POSTING, "Qt")
         self.caught(in_posting("#include <QtWidgets/QLabel>\n"), POSTING, "Qt")
         self.assertEqual([], findings({"src/desktop/x.h": "#include <QString>\n"}))
+
+    def test_standard_headers(self):
+        sort = "void f() { std::ranges::sort(rows); }\n"
+        self.caught(in_posting(sort), POSTING, "std::ranges::sort wants <algorithm>")
+        self.assertEqual([], in_posting("#include <algorithm>\n" + sort))
+        header = {"src/common/rows.h": "#include <algorithm>\n"}
+        listed = {"src/ledger/CMakeLists.txt": "mcfv.cpp parts/rows.cpp posting.cpp"}
+        through = {POSTING: '#include "common/rows.h"\n' + sort}
+        self.assertEqual([], findings({**listed, **header, **through}))
 
     def test_calls(self):
         self.caught(in_posting("std::ofstream file;\n"), POSTING, "store and session")

@@ -9,6 +9,8 @@
 #include <memory>
 #include <random>
 #include <stdexcept>
+#include <string_view>
+#include <utility>
 
 namespace test {
 namespace {

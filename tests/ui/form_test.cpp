@@ -310,7 +310,9 @@ TEST_CASE("tabs, spins and lists") {
   CHECK(desk.beeps == 1);
   CHECK(form.spun == 29);
   CHECK(at.go("vario"));
-  CHECK(at.user.key(Key::pageDown));  // the grid's page is hidden: the spin pages
+  CHECK_FALSE(at.user.key(Key::pageDown));  // the grid's page is hidden, and the spin is a mere number
+  form.passo.pages = true;
+  CHECK(at.user.key(Key::pageDown));
   CHECK(form.spun == 30);
   CHECK(at.focus() == "vario");
   CHECK_FALSE(at.user.key(Key::pageDown));

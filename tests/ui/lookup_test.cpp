@@ -85,6 +85,19 @@ TEST_CASE("of equal captions the one on the shown page is meant") {
   CHECK(find(form, "via").control == &form.b);
 }
 
+TEST_CASE("the arrows never let go of an option") {
+  At at;
+  Card& form = at.form;
+  User user(form);
+  user.begin();
+  CHECK(user.choose(form.documento, 0));
+  CHECK_FALSE(user.key(Key::up));
+  CHECK(form.documento.index() == 0);
+  CHECK(user.key(Key::down));
+  CHECK_FALSE(user.key(Key::down));
+  CHECK(form.documento.index() == 1);
+}
+
 TEST_CASE("options, cells, pages, items and rows") {
   At at;
   CHECK(at.name("fattura immediata") == "documento:0");

@@ -89,7 +89,7 @@ Layout Progres::layout() const {
 std::optional<std::vector<Month>> Progres::compute() {
   const bool known = !sottoconto.empty() && readVoice(session_, sottoconto.text(), 2623);
   if (known && session_.pc.B.tipo != "m" && session_.pc.B.tipo != "cc") {
-    const double opening = session_.pc.B.saldoiniziale;
+    const double opening = isOpeningPosted(session_) ? 0 : session_.pc.B.saldoiniziale;
     return monthsOf(session_, session_.pc.primaryKey(), opening);
   }
   desk().refuse("Non è stato inserito il sottoconto", sottoconto);

@@ -71,7 +71,10 @@ class Vec : public Form {
 
 Vec::Vec(Session& session)
     : Form(session.desk(), "vec", "Visualizzazione estratto conto"), session_(session) {
-  mostra.onPress = dati.scelta.onChange = [this] { show(); };
+  mostra.onPress = [this] { show(); };
+  dati.scelta.onChange = [this] {
+    if (!dati.soggetto.empty()) show();
+  };
   chiudi.onPress = [this] { close(); };
 }
 

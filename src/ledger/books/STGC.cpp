@@ -1,5 +1,7 @@
 // Stampa giornale di contabilità: the only book with a definitive state of its own, and with pages that are
 // numbered through.
+#include <algorithm>
+
 #include "common/date.h"
 #include "common/text.h"
 #include "ledger/books/date_range.h"

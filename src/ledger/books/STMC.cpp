@@ -1,4 +1,6 @@
 // Stampa Prima Nota, and Stampa controllo Prima Nota.
+#include <algorithm>
+
 #include "ledger/books/date_range.h"
 #include "ledger/books/forms.h"
 #include "ledger/books/journal_list.h"

@@ -19,12 +19,6 @@ constexpr std::string_view kHeading2 =
 // Sums of what is shown stay exact in cents.
 void add(double& sum, double amount) { sum = common::roundBalance(sum + amount); }
 
-bool isOpeningPosted(Session& session) {
-  session.ct.search(0, "1");
-  session.CheckArchiveResult(store::Operation::read, session.ct.code, 2615);
-  return session.store.LastArchiveResult == store::kOk && session.ct.B.bapflag == "n";
-}
-
 CardRow rowOf(const rec::mc& row, const BookMoney& money) {
   return {dateOf(row.datareg), documentOf(row),    protocolOf(row),
           row.descrizione,     money.of(row.dare), money.of(row.avere)};
@@ -101,8 +95,8 @@ std::optional<AccountCard> readCard(Session& session, const std::string& code, c
                                     const BookMoney& money) {
   if (!readVoiceByCode(session, code, 2616)) return {};
   AccountCard card{.code = code, .name = session.pc.B.ragsoc};
-  if (!isOpeningPosted(session)) card.opening = money.of(session.pc.B.saldoiniziale);
-  JournalWalk walk = JournalWalk::byVoice(session, code, {"", period.to});
+  card.opening = isOpeningPosted(session) ? 0 : money.of(session.pc.B.saldoiniziale);
+  JournalWalk walk = JournalWalk::byVoice(session, code, {session.WorkYear + "0101", period.to});
   while (const rec::mc* row = walk.next()) {
     CardRow shown = rowOf(*row, money);
     add(card.dare, shown.dare);

@@ -28,8 +28,9 @@ struct AccountCard {
   bool isBlank() const { return rows.empty() && opening == 0 && dare == 0 && avere == 0; }
 };
 
-// Where the opening entry of the year is posted, its rows take the place of the opening balance. Nothing when
-// there is no such voice or the journal cannot be read, which has been reported.
+// Where the opening entry of the year is posted, its rows take the place of the opening balance. Rows of
+// other years, open items that came over, count nowhere: the opening balance holds them. Nothing when there
+// is no such voice or the journal cannot be read, which has been reported.
 std::optional<AccountCard> readCard(Session& session, const std::string& code, const DateRange& period,
                                     const BookMoney& money = {});
 

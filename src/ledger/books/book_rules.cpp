@@ -1,5 +1,7 @@
 #include "ledger/books/book_rules.h"
 
+#include <utility>
+
 #include "common/amount.h"
 #include "common/date.h"
 #include "common/text.h"

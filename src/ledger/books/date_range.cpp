@@ -4,11 +4,6 @@
 #include "session/checks.h"
 
 namespace tarvex {
-namespace {
-
-std::string lastDay(const Session& session) { return "31/12/" + session.WorkYear; }
-
-}  // namespace
 
 DateRangeFields::DateRangeFields(ui::Form& form, Session& session, std::string_view fromName,
                                  std::string_view toName)
@@ -16,7 +11,7 @@ DateRangeFields::DateRangeFields(ui::Form& form, Session& session, std::string_v
       dalla(form, fromName, "Dalla data:", ui::Mask::pattern(session.YearDateMask)),
       alla(form, toName, "Alla data:", ui::Mask::pattern(session.YearDateMask)) {
   dalla.setText(session.YearStartDate);
-  alla.setText(common::isDateOf(session.TodayText, session.WorkYear) ? session.TodayText : lastDay(session));
+  alla.setText(lastDayShown(session));
 }
 
 bool DateRangeFields::refused(ui::Field& field) {

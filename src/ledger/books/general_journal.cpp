@@ -1,5 +1,8 @@
 #include "ledger/books/general_journal.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "common/mask.h"
 #include "common/text.h"
 

@@ -1,5 +1,7 @@
 #include "ledger/books/journal_list.h"
 
+#include <utility>
+
 #include "common/amount.h"
 #include "common/currency.h"
 #include "common/mask.h"
@@ -84,7 +86,6 @@ class Balance {
  public:
   bool isNew(const rec::mc& row) const { return !entry_.empty() && row.nummov != entry_; }
   void add(const rec::mc& row) {
-    if (row.nummov != entry_) sums_ = {};
     entry_ = row.nummov;
     sums_.add(row);
   }
@@ -150,8 +151,12 @@ std::shared_ptr<const ui::Report> layOutControl(Session& session, ui::Setup setu
   };
   JournalWalk walk = JournalWalk::byNumber(session);
   const bool whole = forEach(session, walk, [&](const rec::mc& row) {
-    if (balance.isNew(row)) tellFault();
-    balance.add(row);
+    if (balance.isNew(row)) {
+      tellFault();
+      balance = {};
+    }
+    // An open item that came over from another year stands by itself.
+    if (row.datareg.starts_with(session.WorkYear)) balance.add(row);
     sums.add(row);
     out.line(ui::line(kControlColumns, {row, walk.key(), names.of(row.conto)}));
   });

@@ -1,5 +1,8 @@
 #include "ledger/books/journal_walk.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "common/date.h"
 #include "common/text.h"
 
@@ -55,6 +58,12 @@ const std::string& VoiceNames::of(const std::string& code) {
   else
     session_.CheckArchiveResult(store::Operation::read, pc_->code, 2605);
   return found->second;
+}
+
+bool isOpeningPosted(Session& session) {
+  session.ct.search(0, "1");
+  session.CheckArchiveResult(store::Operation::read, session.ct.code, 2615);
+  return session.store.LastArchiveResult == store::kOk && session.ct.B.bapflag == "n";
 }
 
 std::size_t journalRows(Session& session) {

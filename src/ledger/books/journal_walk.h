@@ -59,6 +59,9 @@ class VoiceNames {
 // About how many rows the journal has: what the progress of a long print is reckoned on.
 std::size_t journalRows(Session& session);
 
+// The opening entry of the year is posted: its rows take the place of the opening balances.
+bool isOpeningPosted(Session& session);
+
 // What the books show of a row.
 std::string documentOf(const rec::mc& row);  // "000123 15/01/2003", an empty date as blanks
 std::string dateOf(std::string_view key);    // dd/mm/yyyy

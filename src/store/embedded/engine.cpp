@@ -8,6 +8,7 @@
 #include <chrono>
 #include <random>
 #include <thread>
+#include <utility>
 
 #include "store/embedded/family.h"
 #include "store/embedded/sql.h"

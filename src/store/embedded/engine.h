@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "store/embedded/family.h"
 #include "store/embedded/journal.h"

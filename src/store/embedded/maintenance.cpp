@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
 #include "store/embedded/engine.h"
 #include "store/embedded/salvage.h"
