@@ -5,6 +5,7 @@
 #include "duedates/forms.h"
 #include "ledger/books/forms.h"
 #include "ledger/forms.h"
+#include "parameters/forms.h"
 #include "parties/forms.h"
 #include "session/forms.h"
 #include "vat/forms.h"

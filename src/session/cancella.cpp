@@ -36,14 +36,14 @@ Cancella::Cancella(Session& session)
 void Cancella::confirm() {
   if (choice.company.text().empty())
     return desk().refuse("Non è stata selezionata l'azienda", choice.company);
-  // A company without any year is what a creation leaves that was cut short: its slot can be freed.
-  const bool yearless = choice.year.items().empty();
-  if (choice.year.text().empty() && !yearless)
-    return desk().refuse("Non è stato selezionato l'anno", choice.year);
-  if (!confirmRemoval(session_)) return;
   const std::optional<std::string> code = choice.code();
   session_.CheckArchiveResult(store::Operation::read, session_.dataz.code, 102);
   if (!code) return choice.load();
+  // A company without any year is what a creation leaves that was cut short: its slot can be freed.
+  const bool yearless = choice.year.items().empty() && !hasYear(session_, *code);
+  if (choice.year.text().empty() && !yearless)
+    return desk().refuse("Non è stato selezionato l'anno", choice.year);
+  if (!confirmRemoval(session_)) return;
   {
     const Busy busy(desk());
     if (yearless)

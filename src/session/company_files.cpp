@@ -44,6 +44,13 @@ void kill(Session& session, const Listed& listed, std::string_view year, std::st
   session.CheckArchiveResult(Operation::kill, archives::find(listed.prefix)->code, listed.position);
 }
 
+// The log and the date of the last backup: another company that takes the slot would inherit them.
+void removeTraces(Session& session, std::string_view code, std::string_view year) {
+  const std::string prefix = session.DataDirectory + std::string(year) + std::string(code);
+  std::error_code error;
+  for (const char* name : {"--.isx", "BK.DAT"}) std::filesystem::remove(prefix + name, error);
+}
+
 }  // namespace
 
 void copyCompany(Session& session, std::string_view code) {
@@ -66,10 +73,17 @@ void copyCompany(Session& session, std::string_view code) {
   openCompanyArchives(session);
 }
 
+bool hasYear(Session& session, std::string_view code) {
+  for (int year = kFirstYear; year <= kLastYear; ++year)
+    if (stands(session.stem("ct", std::to_string(year), code))) return true;
+  return false;
+}
+
 void removeYear(Session& session, std::string_view code, std::string_view year) {
   if (session.CompanyCode == code && session.WorkYear == year) closeCompany(session);
   for (const Listed& listed : kOfYear) kill(session, listed, year, code);
-  if (yearsOf(session, code).empty()) removeCompany(session, code);
+  removeTraces(session, code, year);
+  if (!hasYear(session, code)) removeCompany(session, code);
 }
 
 void removeCompany(Session& session, std::string_view code) {

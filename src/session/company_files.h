@@ -13,8 +13,11 @@ namespace tarvex {
 // left of `po` under that code gives way.
 void copyCompany(Session& session, std::string_view code);
 
-// Removes the archives of that year, each failure reported. When no year of the company is left, those of the
-// company follow (but for `po`), and its slot of `dataz` becomes free again.
+// Whether any year of the company stands, also one whose archives do not open: a repair may bring it back.
+bool hasYear(Session& session, std::string_view code);
+
+// Removes the archives of that year with its log, each failure reported. When no year of the company is left,
+// those of the company follow (but for `po`), and its slot of `dataz` becomes free again.
 void removeYear(Session& session, std::string_view code, std::string_view year);
 
 // The same for a company that has no year: what a creation has left that was cut short.

@@ -20,7 +20,6 @@ std::unique_ptr<ui::Form> makeVall1(Session& session);
 std::unique_ptr<ui::Form> makeVall2(Session& session);
 std::unique_ptr<ui::Form> makeVall3(Session& session);
 std::unique_ptr<ui::Form> makeFoglio(Session& session);
-std::unique_ptr<ui::Form> makeParges(Session& session);
 std::unique_ptr<ui::Form> makePassw(Session& session);
 
 }  // namespace tarvex

@@ -2,6 +2,7 @@
 #include <doctest/doctest.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "archives/catalogue.h"
 #include "archives/fields.h"
@@ -237,6 +238,8 @@ TEST_CASE("COPIAPC brings articles without their quantities and leaves those tha
 TEST_CASE("cancella asks for company, year and confirmation, and frees the slot with the last year") {
   Books books;
   auto& desk = books.station.desk;
+  const std::string log = books.session.DataDirectory + "2003AE--.isx";
+  std::ofstream(log) << "of the company that goes\n";
   const auto answer = [&](const char* button) {
     desk.modal["cancell1"] = [=](ui::Form& form) { Hands(form).press(button); };
   };
@@ -264,6 +267,8 @@ TEST_CASE("cancella asks for company, year and confirmation, and frees the slot 
       CHECK_MESSAGE(std::filesystem::exists(books.session.stem(entry.prefix, "2003", "AE") + ".ISM") ==
                         (entry.prefix == "po"),
                     entry.prefix);
+  CHECK(std::filesystem::exists(books.session.logPath()));
+  CHECK_FALSE(std::filesystem::exists(log));
   const rec::dataz slot = books.slot("AE");
   CHECK(slot.ragsoc.empty());
   CHECK(slot.citta.empty());
@@ -287,6 +292,17 @@ TEST_CASE("cancella of the open year leaves the session to SCELTA, of a name wit
       hands.press("ok");
     };
   };
+  const std::string damaged = books.session.DataDirectory + "2003ABct.ISM";
+  std::ofstream(damaged) << "no archive";
+  desk.modal["cancella"] = [&](ui::Form& form) {
+    remove("Azienda di prova", "")(form);
+    CHECK(desk.box() == "Errore|Non è stato selezionato l'anno");  // a repair may bring its year back
+    form.close();
+  };
+  books.station.frame.choose("m7c");
+  CHECK_FALSE(books.slot("AB").ragsoc.empty());
+  std::filesystem::remove(damaged);
+  desk.boxes.clear();
   desk.modal["cancella"] = remove("Azienda di prova", "");
   books.station.frame.choose("m7c");
   CHECK(books.slot("AB").ragsoc.empty());

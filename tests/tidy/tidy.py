@@ -19,7 +19,7 @@ LONG_FUNCTIONS = {}
 
 # What a folder of src/ may include: all layers below it, and what its row grants it beyond that.
 LAYERS = ["common", "store", "archives", "ui", "session", "chart"]
-ROW = ["documents", "warehouse", "yearend", "assets", "parties", "vat", "duedates", "ledger"]
+ROW = ["parameters", "documents", "warehouse", "yearend", "assets", "parties", "vat", "duedates", "ledger"]
 ROW_ARROWS = {
     "ledger": {"duedates", "vat"},
     "parties": {"duedates", "vat"},
@@ -30,7 +30,7 @@ HOST_ARROWS = {"driver": set(), "demo": {"driver"}, "desktop": set()}
 
 # The positions of the failure boxes, by folder: the number that a user reads out tells what failed.
 BANDS = {
-    "store": (1, 999), "session": (1, 999),
+    "store": (1, 999), "session": (1, 999), "parameters": (1, 999),
     "chart": (1000, 2999), "ledger": (1000, 2999),
     "vat": (3000, 3999), "duedates": (3000, 3999),
     "parties": (4000, 4999),

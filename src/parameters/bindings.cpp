@@ -1,4 +1,4 @@
-#include "session/bindings.h"
+#include "parameters/bindings.h"
 
 #include <algorithm>
 #include <memory>

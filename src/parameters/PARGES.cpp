@@ -2,8 +2,8 @@
 #include <filesystem>
 
 #include "common/text.h"
-#include "session/forms.h"
-#include "session/parameter_pages.h"
+#include "parameters/forms.h"
+#include "parameters/pages.h"
 #include "session/startup.h"
 #include "session/text_file.h"
 #include "ui/form.h"

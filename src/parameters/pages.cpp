@@ -1,8 +1,9 @@
-#include "session/parameter_pages.h"
+#include "parameters/pages.h"
 
 #include <algorithm>
 #include <array>
 
+#include "chart/account_field.h"
 #include "ui/caption.h"
 
 namespace tarvex::parges {
@@ -47,6 +48,11 @@ std::vector<std::string> fontsOf(Desk& desk) {
   std::vector<std::string> fonts = desk.printerFonts();
   fonts.insert(fonts.begin(), std::string());  // none chosen: the usual one
   return fonts;
+}
+
+// On a yes the voice stands in session.pc.
+bool isPostable(Session& session, const std::string& name) {
+  return readVoice(session, name, 219) && session.pc.B.tipo != "m" && session.pc.B.tipo != "cc";
 }
 
 }  // namespace
@@ -158,22 +164,22 @@ DocumentsPage::DocumentsPage(Form& form, Session& session, Bindings& bindings)
 
 // A key that is no voice of the open company may be one of another's: it stays while nothing is typed.
 void DocumentsPage::bindServiceVoice(Session& session, Bindings& bindings) {
+  accountField(session, serviceVoice, {"s"}, SearchList::sottoconti);
   serviceVoice.onLeave = [this, &session] {
-    if (serviceVoice.empty() || session.pc.search(1, serviceVoice.text()) == store::kOk) return Leave::go;
+    if (serviceVoice.empty() || isPostable(session, serviceVoice.text())) return Leave::go;
     session.desk().beep();
     return Leave::stay;
   };
   bindings.bind(
       [this, &session](const rec::param& from) {
         const bool known =
-            !from.contoservizio.empty() && session.pc.search(0, from.contoservizio) == store::kOk;
+            !from.contoservizio.empty() && readVoiceByCode(session, from.contoservizio, 218);
         serviceVoice.setText(known ? session.pc.B.ragsoc : "");
       },
       [this, &session](rec::param& to) {
-        const bool known = session.pc.search(0, to.contoservizio) == store::kOk;
-        if (!serviceVoice.empty() && session.pc.search(1, serviceVoice.text()) == store::kOk)
+        if (!serviceVoice.empty() && isPostable(session, serviceVoice.text()))
           to.contoservizio = session.pc.primaryKey();
-        else if (serviceVoice.empty() && known)
+        else if (serviceVoice.empty() && readVoiceByCode(session, to.contoservizio, 217))
           to.contoservizio.clear();
       });
 }

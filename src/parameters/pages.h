@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "session/bindings.h"
+#include "parameters/bindings.h"
 #include "session/session.h"
 #include "ui/form.h"
 

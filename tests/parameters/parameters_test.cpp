@@ -1,11 +1,9 @@
-// PARGES: what it writes, what acts at once, what it refuses. The chart and schemes that a company may begin
-// with.
+// PARGES: what it writes, what acts at once, what it refuses.
 #include <doctest/doctest.h>
 
 #include <filesystem>
 #include <fstream>
 
-#include "archives/ax.h"
 #include "session/startup.h"
 #include "session/station.h"
 #include "session/text_file.h"
@@ -50,6 +48,8 @@ TEST_CASE("PARGES shown and registered untouched changes no field") {
   full.immaginidoc = 13;
   full.aspetticolli[50] = "Bancale";
   full.nominativi[11] = "Studio Verdi";
+  full.nonprefisso = 20;         // more than its control takes
+  full.testosollecito[0] = "riga 0";
   full.testosollecito[1] = "Spett.le ditta,";
   full.testosollecito[3] = "saluti";
   full.bollosoglia3 = 12.34;
@@ -85,7 +85,7 @@ TEST_CASE("what PARGES writes acts at once, but for the decimals and the network
   hands.set("nominativi(50)", "Ultimo");
   hands.check("immaginiacquisto", true);
   hands.check("immaginiconferma", true);
-  hands.set("contoservizio", "Ricavi diversi");
+  hands.set("contoservizio", "Rivalsa spese varie");
   hands.press("ok");
   CHECK(started.desk.boxes.empty());
   CHECK(started.desk.frameChanges == changes + 1);
@@ -102,7 +102,7 @@ TEST_CASE("what PARGES writes acts at once, but for the decimals and the network
   CHECK(stored.aspetticolli[12] == "Scatole");
   CHECK(stored.nominativi[50] == "Ultimo");
   CHECK(stored.immaginidoc == 12);
-  CHECK(stored.contoservizio == "00009");
+  CHECK(stored.contoservizio == "00018");
   CHECK(firstLine((started.directory.path() / "rr").string()) == "mono");
 }
 
@@ -141,53 +141,15 @@ TEST_CASE("PARGES tells when rr cannot be written, and does not open over a reco
   CHECK(started.desk.forms().empty());
 }
 
-TEST_CASE("a new company begins with the chart and the schemes only where they are wished") {
+TEST_CASE("the account of the service invoice is one that may be posted to") {
   Started started;
-  const auto make = [&](const char* name, bool chart, bool schemes) {
-    started.desk.modal["APRIAZ"] = [=](ui::Form& form) {
-      Hands hands(form);
-      CHECK(!hands.at("causalibase").enabled());
-      if (chart) hands.check("pianobase", true);
-      if (schemes) hands.check("causalibase", true);
-      test::fillCompany(form, name, "2003");
-    };
-    REQUIRE(started.station.frame.choose("ma3") == Chosen::done);
-    CHECK(started.desk.boxes.empty());
-  };
-  auto& pc = started.session.pc;
-  const auto voices = [&] {
-    int count = 0;
-    for (pc.bof(0); pc.next(0) == store::kOk;) ++count;
-    return count;
-  };
-  const auto schemes = [&] {
-    OpenArchive<rec::ax> ax(started.session, 0, 0);
-    int count = 0;
-    for (ax->bof(0); ax->next(0) == store::kOk;) ++count;
-    return count;
-  };
-  make("Senza", false, false);
-  CHECK(voices() == 22);
-  CHECK(schemes() == 0);
-  make("Con", true, true);
-  const int all = voices();
-  CHECK(all > 100);
-  CHECK(schemes() == 5);
-  started.session.pr.search(0, "conto");
-  CHECK(started.session.pr.B.valore == 50 + all - 22);
-  REQUIRE(pc.search(1, "Banca c/c ordinario") == store::kOk);
-  const rec::pc bank = pc.B;
-  const std::string own = pc.primaryKey();
-  CHECK(bank.tipo == "s");
-  CHECK(bank.codice == bank.mastro + bank.conto + own);
-  CHECK(bank.chiavetipo == "sBanca c/c ordinario");
-  REQUIRE(pc.search(0, bank.conto) == store::kOk);
-  CHECK(pc.B.ragsoc == "Banche e posta");
-  CHECK(pc.B.conto == bank.conto);
-  REQUIRE(pc.search(0, bank.mastro) == store::kOk);
-  CHECK(pc.B.codice == bank.mastro + "0000000000");
-  OpenArchive<rec::ax> ax(started.session, 0, 0);  // every scheme finds its voices
-  for (ax->bof(0); ax->next(0) == store::kOk;)
-    for (const rec::AxRow& row : ax->B.righe)
-      if (!row.conto.empty()) CHECK_MESSAGE(pc.search(1, row.conto) == store::kOk, row.conto);
+  Hands hands(started.parges());
+  hands.user.page(*dynamic_cast<ui::Tabs*>(&hands.at("tabs")), 2);
+  hands.set("contoservizio", "Ricavi diversi");  // a conto
+  hands.press("ok");
+  CHECK(started.desk.beeps == 1);
+  CHECK(hands.focus() == "contoservizio");
+  hands.set("contoservizio", "Rivalsa spese varie");
+  hands.press("ok");
+  CHECK(started.stored().contoservizio == "00018");
 }
