@@ -39,7 +39,6 @@ class Vmc : public Form {
   void annul(const YearEndEntry& kind, const std::string& nummov);
 
   Session& session_;
-  bool revises_;
   DateRangeFields periodo{*this, session_, "text1", "text2"};
   Choice tipo{*this, "tipo", "Movimenti:", Choice::Look::combo};
   Button mostra{*this, "mostra", "Visuali&zza"};

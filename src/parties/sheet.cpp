@@ -103,6 +103,7 @@ class PartySheet : public Form {
   void showAgents(const rec::pc& party);
   void showDestinations(const rec::pc& party);
   void showDueLists();
+  void showAccount();
   Layout pageOf(SheetPage page) const;
 
   Session& session_;
@@ -120,6 +121,7 @@ class PartySheet : public Form {
   std::unique_ptr<TurnoverPage> fatturato;
   Memo note{*this, "note", "Note", Memo::Look::rich};
   std::unique_ptr<List> destinazioni;
+  Button scheda{*this, "scheda", "Scheda con&tabile"};
   Button chiudi{*this, "chiudi", "C&hiudi", Button::Role::cancel};
 };
 
@@ -148,6 +150,8 @@ PartySheet::PartySheet(Session& session, const SheetKind& kind)
         *this, "destinazioni", "Destinazioni",
         std::vector<ListColumn>{{"N.", 4, true}, {"Nominativo", 30}, {"Indirizzo", 30}, {"Città", 24}});
   note.setReadOnly();
+  scheda.setEnabled(session.knows("visched1"));
+  scheda.onPress = [this] { showAccount(); };
   chiudi.onPress = [this] { close(); };
 }
 
@@ -162,7 +166,7 @@ Layout PartySheet::layout() const {
   pages.parts.push_back(carica ? column({lists, buttons({*carica})}) : lists);
   if (fatturato) pages.parts.push_back(fatturato->layout());
   if (destinazioni) pages.parts.push_back(column({*destinazioni}));
-  return column({row({ricerca}), pages, buttons({chiudi})});
+  return column({row({ricerca}), pages, buttons({scheda, chiudi})});
 }
 
 Layout PartySheet::pageOf(SheetPage page) const {
@@ -237,6 +241,12 @@ void PartySheet::showDueLists() {
   const DueLists lists = kind_.dueLists(session_, code_);
   prima->show(lists.first);
   seconda->show(lists.second);
+}
+
+void PartySheet::showAccount() {
+  if (code_.empty()) return desk().beep();
+  session_.VoiceToShow = code_;
+  session_.run("visched1");
 }
 
 }  // namespace
