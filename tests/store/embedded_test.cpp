@@ -4,6 +4,8 @@
 #include <doctest/doctest.h>
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <filesystem>
 
 #include "store/books.h"
@@ -62,6 +64,22 @@ TEST_CASE("the journal lies in the .ISF, and nothing stands beside a closed arch
   }
   CHECK((std::filesystem::file_size(stem + ".ISF") == 0) != test::onShare());
   CHECK_FALSE(std::filesystem::exists(stem + ".ISD-shm"));
+}
+
+TEST_CASE("a journal never grows without bound, though nobody flushes") {
+  const test::Scratch directory;
+  const std::string stem = directory / "2003ABmc";
+  RecordStore store{test::optionsOfTests()};
+  REQUIRE(store.VmxCreate(stem, 8, test::kFormat) == kOk);
+  Opened mc(store, stem);
+  const std::string text(60'000, 'x');  // some fifteen pages each
+  std::uintmax_t longest = 0;
+  for (int i = 0; i < 3000; ++i) {
+    REQUIRE(mc.put(std::to_string(i), record("a", 1, "", text)) == kOk);
+    longest = std::max(longest, std::filesystem::file_size(stem + ".ISF"));
+  }
+  CHECK(longest < 140'000'000);
+  CHECK(mc.search(0, "2999") == kOk);
 }
 
 TEST_CASE("an altered record is a disk error where it is read, and nowhere else") {

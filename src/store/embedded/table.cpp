@@ -17,6 +17,7 @@ constexpr std::size_t kSealBytes = 4;
 constexpr std::size_t kBatchBytes = 1 << 20;  // documents of 400 rows must not fill the memory
 constexpr int kManyFrames = 1000;             // of 4 KB: a journal so long is written back when it is settled
 constexpr int kTooManyFrames = 8000;          // and so long, by the next flush
+constexpr int kFullJournal = 32'000;          // and so long, by the change that makes it so
 
 std::uint32_t sealOf(std::string_view primaryKey, std::string_view record) {
   return crc32c(record, crc32c(primaryKey));
@@ -238,14 +239,21 @@ Code EmbeddedTable::transaction(Work work) {
 
 Code EmbeddedTable::put(std::string_view primaryKey, std::string_view record, Put mode) {
   const Code code = transaction([&] { return write(primaryKey, record, mode); });
-  if (code == kOk) dirty_ = true;
+  if (code == kOk) noteChange();
   return code;
 }
 
 Code EmbeddedTable::erase(std::string_view primaryKey) {
   const Code code = transaction([&] { return remove(primaryKey); });
-  if (code == kOk) dirty_ = true;
+  if (code == kOk) noteChange();
   return code;
+}
+
+// Whoever writes without ever flushing would fill the disk with the journal. Where it cannot be written back
+// the change stands all the same, and the next flush tells it.
+void EmbeddedTable::noteChange() {
+  dirty_ = true;
+  if (journalFrames_ > kFullJournal) settle();
 }
 
 Code EmbeddedTable::apply(const std::vector<LogOperation>& operations, const LogMark& mark) {

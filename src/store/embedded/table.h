@@ -71,6 +71,7 @@ class EmbeddedTable final : public Table {
 
   template <class Work>
   Code transaction(Work work);
+  void noteChange();
   Code write(std::string_view primaryKey, std::string_view record, Put mode);
   Code insert(std::string_view primaryKey);
   Code update(std::int64_t id, bool sameKeys);
