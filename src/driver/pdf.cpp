@@ -8,10 +8,10 @@
 
 #include <cerrno>
 #include <cstring>
-#include <utility>
 #include <nlohmann/json.hpp>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace driver {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
-#include <utility>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 namespace driver {
 namespace {

@@ -1,8 +1,12 @@
 // Prints: the preview, the PDF and the text of a report tell the same.
 #include <doctest/doctest.h>
+#include <signal.h>
+#include <sys/resource.h>
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
+#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSpinBox>
@@ -19,6 +23,24 @@ std::shared_ptr<const ui::Report> ledger(int rows) {
   for (int i = 1; i <= rows; ++i) report.line("riga " + std::to_string(i) + "   però 1.000,00");
   return std::make_shared<const ui::Report>(report);
 }
+
+// While it stands this process writes no file beyond so many bytes.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : signal_(::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    ::setrlimit(RLIMIT_FSIZE, &before_);
+    ::signal(SIGXFSZ, signal_);
+  }
+
+ private:
+  rlimit before_{};
+  void (*signal_)(int);
+};
 
 QStringList wordsOf(const QString& text) {
   return text.split(QRegularExpression("[\\s\\f]+"), Qt::SkipEmptyParts);
@@ -76,6 +98,25 @@ TEST_CASE("the PDF bears the text of every page, by the program of the driver to
   const QString text = QString::fromUtf8(reader.readAllStandardOutput());
   CHECK(text.count('\f') == 3);
   CHECK(wordsOf(text) == wordsOf(QString::fromStdString(report->text())));
+}
+
+TEST_CASE("a disk that fills while the PDF is written leaves the file that was there") {
+  test::application();
+  const test::Scratch directory;
+  const QString path = QString::fromStdString((directory.path() / "a.pdf").string());
+  REQUIRE(desktop::writePdf(*ledger(10), path));
+  const auto bytes = [&] {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  };
+  const QByteArray before = bytes();
+  {
+    const FullDisk disk(16 * 1024);
+    CHECK_FALSE(desktop::writePdf(*ledger(20'000), path));
+  }
+  CHECK(bytes() == before);
+  CHECK(QDir(QString::fromStdString(directory.path().string())).entryList(QDir::Files).size() == 1);
+  CHECK(desktop::writePdf(*ledger(20'000), path));
 }
 
 TEST_CASE("a report survives its way through the driver's JSON, and other texts are refused") {
