@@ -95,6 +95,8 @@ void Vmc::change() {
   const rec::mc& first = entry->lines.front();
   if (first.daemissione == 1)
     return desk().warn("La registrazione è stata effettuata con l'emissione documenti");
+  if (!first.datareg.starts_with(session_.WorkYear))
+    return desk().warn("La registrazione è di un altro anno, nel quale può essere variata");
   for (const YearEndEntry& kind : kYearEndEntries)
     if (kind.causale == first.causale) return annul(kind, nummov);
   if (!reviseEntry(session_, first.causale, nummov)) return desk().beep();

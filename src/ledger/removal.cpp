@@ -26,8 +26,10 @@ void eachOf(Session& session, Archive<R>& archive, int index, std::string_view k
     session.CheckArchiveResult(Operation::read, archive.code, position);
 }
 
+// An open item that came over from another year has never moved the progressives.
 void eraseLine(Session& session, Archive<rec::mc>& mc, const std::string& key, const rec::mc& line) {
-  AggiornaProgressivi(session, line.conto, -line.dare, -line.avere);
+  if (line.datareg.starts_with(session.WorkYear))
+    AggiornaProgressivi(session, line.conto, -line.dare, -line.avere);
   mc.erase(key);
   session.CheckArchiveResult(Operation::erase, kMc, 1540);
   mc.flush();
