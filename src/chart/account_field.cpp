@@ -57,7 +57,9 @@ std::string typedText(const ui::Field& field) {
 }
 
 void searchInto(Session& session, ui::Field& field, SearchList list) {
-  const std::string chosen = searchAccount(session, list, typedText(field));
+  const std::string typed = typedText(field);
+  field.clear();
+  const std::string chosen = searchAccount(session, list, typed);
   if (chosen.empty()) return;
   field.setText(chosen);
   ui::User(field.form()).enter();

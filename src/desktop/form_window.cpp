@@ -3,7 +3,9 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QCloseEvent>
+#include <QFontMetrics>
 #include <QScrollArea>
+#include <algorithm>
 
 #include "desktop/form_view.h"
 #include "desktop/guide.h"
@@ -11,6 +13,21 @@
 #include "desktop/words.h"
 
 namespace desktop {
+
+namespace {
+
+// Tells the layouts, from the innermost on, what a form's load has filled in: while nothing is visible nobody
+// else does.
+void settle(QWidget& view) {
+  const auto boxes = view.findChildren<QWidget*>();
+  std::for_each(boxes.rbegin(), boxes.rend(), [](const QWidget* box) {
+    if (!box->layout()) return;
+    box->layout()->invalidate();
+    box->layout()->activate();
+  });
+}
+
+}  // namespace
 
 FormWindow::FormWindow(std::unique_ptr<ui::Form> form)
     : QMdiSubWindow(nullptr, Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowMinMaxButtonsHint |
@@ -30,7 +47,15 @@ FormWindow::FormWindow(std::unique_ptr<ui::Form> form)
 
 FormWindow::~FormWindow() { delete widget(); }
 
-QSize FormWindow::wanted() const { return view_->sizeHint() + QSize(4, 34); }
+// A title is shown whole beside its buttons.
+QSize FormWindow::wanted() const {
+  constexpr int kButtons = 130;
+  settle(*view_);
+  QFont bold = font();
+  bold.setWeight(QFont::DemiBold);
+  const int title = QFontMetrics(bold).horizontalAdvance(windowTitle()) + kButtons;
+  return (view_->sizeHint() + QSize(4, 34)).expandedTo(QSize(title, 0));
+}
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // a form that closes takes its window away by itself

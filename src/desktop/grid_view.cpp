@@ -89,13 +89,15 @@ void GridView::measure() {
   const auto isWide = [](const ui::GridCells* column) { return widthOf(*column) >= kWide; };
   const int asked = (sizeHint().width() - kBetween * (grid_.blocks() - 1)) / std::max(grid_.blocks(), 1);
   int room = std::max(0, blockWidth() - asked);
-  auto wide = static_cast<int>(std::count_if(columns.begin(), columns.end(), isWide));
+  const bool none = std::none_of(columns.begin(), columns.end(), isWide);  // then all of them share it
+  auto sharing =
+      static_cast<int>(none ? columns.size() : std::count_if(columns.begin(), columns.end(), isWide));
   int at = numberWidth();
   for (const ui::GridCells* column : columns) {
     left_.push_back(at);
     at += natural(*column);
-    if (wide > 0 ? !isWide(column) : column != columns.back()) continue;
-    const int share = room / std::max(wide--, 1);
+    if (!none && !isWide(column)) continue;
+    const int share = room / std::max(sharing--, 1);
     at += share;
     room -= share;
   }

@@ -23,10 +23,13 @@ QString wordFor(ui::Key key, const ui::Form& form, const ui::Control* control) {
   return hint.startsWith(name + " ") ? hint.mid(name.size() + 1) : wordOf(key).toLower();
 }
 
+// Something in sight is turned page by page.
 bool pages(const ui::Form& form) {
-  return std::any_of(form.controls().begin(), form.controls().end(), [](const ui::Control* control) {
+  return std::any_of(form.controls().begin(), form.controls().end(), [&](const ui::Control* control) {
     const auto* grid = dynamic_cast<const ui::Grid*>(control);
-    return grid && grid->pages() > 1;
+    const auto* spin = dynamic_cast<const ui::Spin*>(control);
+    return control->visible() && form.shows(*control) &&
+           ((grid && grid->pages() > 1) || (spin && spin->pages));
   });
 }
 

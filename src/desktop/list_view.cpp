@@ -20,14 +20,15 @@ class ListView::Model : public QAbstractTableModel {
 
   QVariant data(const QModelIndex& at, int role) const override {
     const auto row = static_cast<std::size_t>(at.row()), column = static_cast<std::size_t>(at.column());
-    if (role == Qt::DisplayRole) return branch(at.row()) + text(list_.rows().cell(row, column));
+    if (role == Qt::DisplayRole)
+      return branch(at.row()) + text(list_.rows().cell(row, column)) + gap(column);
     return role == Qt::TextAlignmentRole ? alignment(column) : QVariant();
   }
 
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
     if (orientation != Qt::Horizontal) return {};
     const auto column = static_cast<std::size_t>(section);
-    if (role == Qt::DisplayRole) return text(list_.columns()[column].title);
+    if (role == Qt::DisplayRole) return text(list_.columns()[column].title) + gap(column);
     return role == Qt::TextAlignmentRole ? alignment(column) : QVariant();
   }
 
@@ -59,6 +60,11 @@ class ListView::Model : public QAbstractTableModel {
     if (!tree) return {};
     const QString mark = !tree->hasChildren(row) ? "   " : tree->isOpen(row) ? "\u25BE " : "\u25B8 ";
     return QString(6 * tree->depth(row), QLatin1Char(' ')) + mark;
+  }
+  // Between a figure and what stands at its right.
+  QString gap(std::size_t column) const {
+    const bool right = list_.columns()[column].right && column + 1 < list_.columns().size();
+    return right ? QString(QChar(0x2002)) : QString();
   }
   int rows() const { return static_cast<int>(list_.rows().count()); }
   QVariant alignment(std::size_t column) const {

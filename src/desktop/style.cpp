@@ -1,9 +1,11 @@
 #include "desktop/style.h"
 
 #include <QAbstractSpinBox>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPainter>
+#include <QRadioButton>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <algorithm>
@@ -53,7 +55,10 @@ Style::Style() : QProxyStyle(QStyleFactory::create("Fusion")) {}
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                           const QWidget* widget) const {
   switch (element) {
-    case PE_FrameFocusRect:  // the focus shows in the colours
+    case PE_FrameFocusRect:  // of the others the focus shows in the colours
+      if (qobject_cast<const QRadioButton*>(widget) || qobject_cast<const QCheckBox*>(widget))
+        parts::focusRing(*painter, *option);
+      return;
     case PE_FrameStatusBarItem:
     case PE_FrameTabBarBase:
       return;

@@ -87,6 +87,13 @@ void optionMark(QPainter& painter, const QStyleOption& option) {
   painter.drawEllipse(box.center(), 3.4, 3.4);
 }
 
+void focusRing(QPainter& painter, const QStyleOption& option) {
+  const Saved saved(painter);
+  painter.setPen(QPen(tokens().accent, 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(crisp(option.rect), 3, 3);
+}
+
 void pushButton(QPainter& painter, const QStyleOptionButton& option, bool main) {
   const Saved saved(painter);
   const bool enabled = has(option, QStyle::State_Enabled), focus = has(option, QStyle::State_HasFocus);

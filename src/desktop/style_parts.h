@@ -19,6 +19,7 @@ void chevron(QPainter& painter, const QPointF& centre, bool down, const QColor& 
 void fieldBox(QPainter& painter, const QStyleOption& option);
 void checkMark(QPainter& painter, const QStyleOption& option);
 void optionMark(QPainter& painter, const QStyleOption& option);
+void focusRing(QPainter& painter, const QStyleOption& option);  // around a check or an option with its words
 void pushButton(QPainter& painter, const QStyleOptionButton& option, bool main);
 void menuItem(QPainter& painter, const QStyleOptionMenuItem& option);
 void menuBarItem(QPainter& painter, const QStyleOptionMenuItem& option);

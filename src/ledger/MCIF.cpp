@@ -183,7 +183,7 @@ void CollectionForm::chooseOpen() {
 // --- the checks, in their order ---
 
 bool CollectionForm::mayRegister() {
-  return datesInOrder(text1, text3) && subjectGiven() && amountGiven() && contropartitaGiven() &&
+  return datesInOrder(session_, text1, text3) && subjectGiven() && amountGiven() && contropartitaGiven() &&
          rowsComplete() && balances() && voicesThere();
 }
 

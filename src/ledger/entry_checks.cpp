@@ -23,8 +23,12 @@ void checkDate(Session& session, ui::Field& field) {
   };
 }
 
-bool datesInOrder(ui::Field& registration, ui::Field& document) {
+bool datesInOrder(Session& session, ui::Field& registration, ui::Field& document) {
+  std::string date = registration.text();
+  if (!validateRegistrationDate(session, date)) return registration.focus(), false;
   if (document.empty()) document.setText(registration.text());
+  date = document.text();
+  if (!ValidateDate(session, date)) return document.focus(), false;
   if (common::DateToKey(document.text()) <= common::DateToKey(registration.text())) return true;
   return refuse(registration, "La data di registrazione è precedente alla data del documento");
 }

@@ -14,9 +14,9 @@ void checkRegistrationDate(Session& session, ui::Field& field);
 // On leaving any other date, which may be empty.
 void checkDate(Session& session, ui::Field& field);
 
-// An empty date of the document takes that of the registration, which may not come before it. False when the
-// user has been told.
-bool datesInOrder(ui::Field& registration, ui::Field& document);
+// Both dates once more, since a screen may be registered without passing by them. An empty date of the
+// document takes that of the registration, which may not come before it. False when the user has been told.
+bool datesInOrder(Session& session, ui::Field& registration, ui::Field& document);
 
 // False when something is over, which the user has been told in `picture`.
 bool balances(ui::Desk& desk, double difference, std::string_view picture);

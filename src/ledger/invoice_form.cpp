@@ -290,7 +290,7 @@ void InvoiceForm::showBalance() {
 // --- the checks, in their order ---
 
 bool InvoiceForm::mayRegister() {
-  if (!datesInOrder(text1, text3)) return false;
+  if (!datesInOrder(session_, text1, text3)) return false;
   if (isReceipt() ? !numberGiven() || !subjectGiven() : !subjectGiven() || !numberGiven()) return false;
   return amountGiven() && balances() && rowsComplete() && numberStillFree() && voicesThere();
 }

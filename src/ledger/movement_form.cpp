@@ -227,7 +227,7 @@ void MovementForm::chooseScheme() {
 // --- the checks, in their order ---
 
 bool MovementForm::mayRegister(Movement& movement) {
-  if (!datesInOrder(text1, text3)) return false;
+  if (!datesInOrder(session_, text1, text3)) return false;
   movement = this->movement();
   return linesRight(movement) && balances(desk(), imbalance(movement), "0.00") && voicesThere(movement);
 }

@@ -91,8 +91,11 @@ Liqiva::Liqiva(Session& session, const Variant& variant)
 }
 
 Layout Liqiva::layout() const {
-  return column({side({group("Liquidazione", {periodo.layout(), row({registro}), row({definitiva})}),
-                       group("Calcolo", {row({arrotonda}), row({interessi}), row({percentuale})})}),
+  const ui::Layout which = column({periodo.layout(), row({registro}), row({definitiva})}),
+                   how = column({row({arrotonda}), row({interessi}), row({percentuale})});
+  // Of the year nothing is chosen: what is hidden then lies behind the rest.
+  return column({variant_.ofYear ? group("Calcolo", {how, which})
+                                 : side({group("Liquidazione", {which}), group("Calcolo", {how})}),
                  group("Ventilazione", {row({ventilazione, importo}), row({esclusiLabel}), esclusi}),
                  group("Stampa", {row({intestazione, anteprima, salto}), row({note})}), space(),
                  buttons({ok, annulla})});

@@ -24,6 +24,7 @@ inline QApplication& application() {
   static char* words[] = {name, nullptr};
   static QApplication* app = nullptr;  // never destroyed: the toolkit's own statics may go before it
   if (app) return *app;
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   app = new QApplication(count, words);
   desktop::applyTheme(*app, false);
   QApplication::setQuitOnLastWindowClosed(false);

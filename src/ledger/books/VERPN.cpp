@@ -1,5 +1,6 @@
 // Verifica prima nota: whether the journal balances on every day of the year.
 #include "common/amount.h"
+#include "common/mask.h"
 #include "ledger/books/forms.h"
 #include "ledger/books/journal_walk.h"
 #include "session/checks.h"
@@ -64,7 +65,7 @@ void Verpn::verify() {
   const auto faults = daysOutOfBalance(session_);
   if (!faults) return;
   for (const DayFault& fault : *faults)
-    desk().show({"Sbilancio di " + common::toText(fault.difference) + " il giorno " + fault.date,
+    desk().show({"Sbilancio di " + common::format("0.00", fault.difference) + " il giorno " + fault.date,
                  "ATTENZIONE", Ask::ok, Icon::warning});
   desk().show({"Operazione effettuata", std::string(kProduct), Ask::ok, Icon::information});
 }
