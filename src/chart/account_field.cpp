@@ -57,9 +57,7 @@ std::string typedText(const ui::Field& field) {
 }
 
 void searchInto(Session& session, ui::Field& field, SearchList list) {
-  const std::string typed = typedText(field);
-  field.clear();
-  const std::string chosen = searchAccount(session, list, typed);
+  const std::string chosen = searchAccount(session, list, typedText(field));
   if (chosen.empty()) return;
   field.setText(chosen);
   ui::User(field.form()).enter();

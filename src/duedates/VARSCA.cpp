@@ -70,6 +70,8 @@ Layout Varsca::layout() const {
 
 void Varsca::list() {
   dues_.clear();
+  scadenze.setRows(std::vector<std::vector<std::string>>());
+  totale.setText({});
   importo.clear();
   scadenza.clear();
   std::string first;

@@ -127,8 +127,8 @@ std::string markInstalment(Session& session, DueLedger ledger, const InstalmentR
 
 }  // namespace
 
-bool sameNumber(std::string_view one, std::string_view other) {
-  return common::numberValue(common::right(one, 5)) == common::numberValue(common::right(other, 5));
+bool sameNumber(std::string_view one, std::string_view other, std::size_t digits) {
+  return common::numberValue(common::right(one, digits)) == common::numberValue(common::right(other, digits));
 }
 
 std::optional<std::vector<DueDate>> readDueDates(Session& session, DueLedger ledger, std::string_view first,
@@ -216,8 +216,10 @@ void reopenInstalment(Session& session, DueLedger ledger, const InstalmentRef& i
 std::vector<DueDate> removeDueDates(Session& session, const InstalmentRef& document, bool negative) {
   std::vector<DueDate> removed;
   for (const DueLedger ledger : kDueLedgers) {
+    // Of a supplier's number, kept as typed, the journal has six digits; of a customer's five are kept.
+    const std::size_t digits = ledger == DueLedger::sf ? 6 : 5;
     for (DueDate& due : dueDatesOf(session, ledger, document.conto)) {
-      if (due.datafatt != document.datafatt || !sameNumber(due.numero, document.numero)) continue;
+      if (due.datafatt != document.datafatt || !sameNumber(due.numero, document.numero, digits)) continue;
       if (due.importo != 0 && (due.importo < 0) != negative) continue;
       removeDueDate(session, ledger, due.key);
       removed.push_back(std::move(due));

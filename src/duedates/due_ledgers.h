@@ -4,6 +4,7 @@
 // None of these opens a group: called inside the posting of an entry they are part of it.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -31,8 +32,8 @@ struct DueDate {
 // One that no collection or payment has closed. A bank receipt is never closed by this field.
 inline bool isOpen(const DueDate& due) { return due.pagamento.empty(); }
 
-// Whether two invoice numbers are the same: by the value of their last five characters.
-bool sameNumber(std::string_view one, std::string_view other);
+// Whether two invoice numbers are the same: by the value of their last characters.
+bool sameNumber(std::string_view one, std::string_view other, std::size_t digits = 5);
 
 // All of a ledger that fall due from `first` to `last`, both yyyymmdd, by date; an empty `last` is no end.
 // Nothing when the ledger cannot be read to its end, which has been reported.

@@ -1,7 +1,9 @@
 // Revision: the form shows the entry, and ends with a new one in its place or with none.
 #include "ledger/revision.h"
 
+#include "archives/sf.h"
 #include "ledger/books.h"
+#include "ledger/removal.h"
 
 using namespace tarvex;
 using test::At, test::Books;
@@ -88,6 +90,34 @@ TEST_CASE("an entry that another station has revised meanwhile is not posted twi
   CHECK(books.desk().box() ==
         "Errore|La registrazione è stata nel frattempo variata o eliminata da un'altra stazione");
   CHECK(books.contents() == after);
+}
+
+TEST_CASE("a supplier's invoice takes out its own instalments, not those of a number with the same end") {
+  Books books;
+  auto& pc = books.session().pc;
+  REQUIRE(pc.search(0, "00054") == store::kOk);
+  pc.A = pc.B;
+  pc.A.pagamento = "Bonifico 30 gg. d.f.";
+  pc.put("00054", store::Put::rewrite);
+  for (const char* number : {"100123", "200123"}) {
+    At at(books, "MCFA");
+    test::fill(at.hands, {{"text1", "15/01/2003"},
+                          {"text2", number},
+                          {"text7", std::string(number, 1)},
+                          {"text5", "FORNITURE VERDI SPA"},
+                          {"text6", "122,00"},
+                          {"controp(1)", "Merci c/acquisti"},
+                          {"imponibile(1)", "100,00"},
+                          {"codiva(1)", "22"},
+                          {"importoiva(1)", "22,00"}});
+    at.hands.press("Registra");
+  }
+  REQUIRE(books.desk().boxes.empty());
+  REQUIRE(books.all<rec::sf>().size() == 2);
+  REQUIRE(removeEntry(books.session(), "1"));
+  REQUIRE(books.all<rec::sf>().size() == 1);
+  CHECK(books.all<rec::sf>().front().numero == "200123");
+  books.checkWhole();
 }
 
 TEST_CASE("one row of the journal is taken back with its progressives alone") {
