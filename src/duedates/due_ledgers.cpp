@@ -208,9 +208,9 @@ std::string closeInstalment(Session& session, DueLedger ledger, const Instalment
   return markInstalment(session, ledger, instalment, {}, date);
 }
 
-void reopenInstalment(Session& session, DueLedger ledger, const InstalmentRef& instalment,
-                      std::string_view date) {
-  markInstalment(session, ledger, instalment, date, {});
+std::string reopenInstalment(Session& session, DueLedger ledger, const InstalmentRef& instalment,
+                             std::string_view date) {
+  return markInstalment(session, ledger, instalment, date, {});
 }
 
 std::vector<DueDate> removeDueDates(Session& session, const InstalmentRef& document, bool negative) {

@@ -71,8 +71,8 @@ std::string closeInstalment(Session& session, DueLedger ledger, const Instalment
                             std::string_view date);
 
 // Undoes it: the one with the lowest key that fits and stands closed on `date` is open again.
-void reopenInstalment(Session& session, DueLedger ledger, const InstalmentRef& instalment,
-                      std::string_view date);
+std::string reopenInstalment(Session& session, DueLedger ledger, const InstalmentRef& instalment,
+                             std::string_view date);
 
 // Deletes the instalments of one document from all three ledgers: those of its account, number and date with
 // the sign of its amount, which tells an invoice from a credit note with its number. What was deleted.

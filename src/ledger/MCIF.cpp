@@ -59,6 +59,7 @@ class CollectionForm : public ui::Form {
   const Words& words_;
   Revision revision_;
   std::string subject_, contropartita_;  // codes, from the checks
+  double proposed_ = 0;                  // the amount that the form has filled in by itself
   ui::Field text1{*this, "text1", "Data reg.:", Mask::pattern(session_.YearDateMask)};
   ui::Field text2{*this, "text2", "N. doc.:", Mask::digits(10)};
   ui::Field text3{*this, "text3", "Data doc.:", Mask::pattern(session_.YearDateMask)};
@@ -163,20 +164,24 @@ void CollectionForm::showDifference() {
   if (righe_) differenza.setNumber(imbalance(collection()));
 }
 
-// The instalments chosen fill the rows that are free; without an amount yet, what they come to is proposed.
+// The instalments chosen fill the rows that are free. What all rows come to is proposed as the amount, until
+// the user types another.
 void CollectionForm::chooseOpen() {
   if (!subjectGiven()) return;
-  const auto chosen = chooseInstalments(session_, closedLedger(kind_.causale()), subject_);
-  double sum = 0;
+  const auto chosen =
+      chooseInstalments(session_, closedLedger(kind_.causale()), subject_, collection().rows);
   int row = 0;
   for (const DueDate& due : chosen) {
     do ++row;
     while (row <= kRows && (!(*nfatt_)[row].empty() || (*impfatt_)[row].number() != 0));
-    if (row > kRows) break;
+    if (row > kRows) {
+      desk().beep();
+      break;
+    }
     showRow(row, {plainNumber(due.numero), screenDate(due.datafatt), screenDate(due.scadenza), due.importo});
-    sum += due.importo;
   }
-  if (text6.number() == 0 && sum != 0) text6.setNumber(sum);
+  const bool own = text6.number() == 0 || text6.number() == proposed_;
+  if (own) text6.setNumber(proposed_ = sumOfRows(collection()));
   showDifference();
 }
 
@@ -261,6 +266,7 @@ Collection CollectionForm::collection() const {
 void CollectionForm::clear() {
   for (ui::Control* control : controls())
     if (auto* field = dynamic_cast<ui::Field*>(control)) field->clear();
+  proposed_ = 0;
   showDifference();
 }
 

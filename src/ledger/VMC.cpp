@@ -108,7 +108,7 @@ void Vmc::change() {
 // The mark falls with the entry, so that the closure can be posted again.
 void Vmc::annul(const YearEndEntry& kind, const std::string& nummov) {
   if (!desk().confirm(std::string(kind.question), "ATTENZIONE")) return;
-  removeEntry(session_, nummov, [&] {
+  const bool removed = removeEntry(session_, nummov, [&] {
     auto& ct = session_.ct;
     ct.search(0, "1");
     session_.CheckArchiveResult(store::Operation::read, ct.code, 2002);
@@ -117,6 +117,7 @@ void Vmc::annul(const YearEndEntry& kind, const std::string& nummov) {
     ct.put("1", store::Put::rewrite);
     session_.CheckArchiveResult(store::Operation::write, ct.code, 2003);
   });
+  if (!removed && !readEntry(session_, nummov)) tellEntryGone(session_);
   list();
 }
 

@@ -41,10 +41,14 @@ EntryRow typedRow(const CollectionRow& row) {
 
 }  // namespace
 
-double imbalance(const Collection& collection) {
+double sumOfRows(const Collection& collection) {
   double sum = 0;
   for (const CollectionRow& row : collection.rows) sum += row.importo;
-  return common::roundBalance(sum - collection.importo);
+  return common::roundBalance(sum);
+}
+
+double imbalance(const Collection& collection) {
+  return common::roundBalance(sumOfRows(collection) - collection.importo);
 }
 
 Entry collectionEntry(const CollectionKind& kind, const Collection& collection) {
@@ -74,12 +78,13 @@ Entry collectionEntry(const CollectionKind& kind, const Collection& collection) 
 }
 
 void closeInstalments(Session& session, const CollectionKind& kind, const Collection& collection) {
+  const DueLedger ledger = closedLedger(kind.causale());
+  const std::string date = common::DateToKey(collection.datareg);
   for (const CollectionRow& row : collection.rows) {
     if (row.numero.empty()) continue;
-    closeInstalment(
-        session, closedLedger(kind.causale()),
-        {collection.conto, row.numero, common::DateToKey(row.datafatt), common::DateToKey(row.scadenza)},
-        common::DateToKey(collection.datareg));
+    for (const InstalmentRef& ref :
+         instalmentsOf(session, ledger, collection.conto, {row.numero, row.datafatt, row.scadenza}))
+      if (!closeInstalment(session, ledger, ref, date).empty()) break;
   }
 }
 

@@ -34,6 +34,8 @@ struct Collection {
   std::vector<CollectionRow> rows;  // those of the screen, empty ones included
 };
 
+double sumOfRows(const Collection& collection);  // without the allowances
+
 // What the rows come to, less the amount, rounded as balances are.
 double imbalance(const Collection& collection);
 

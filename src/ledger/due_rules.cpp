@@ -34,9 +34,11 @@ struct Journal {
   std::set<std::string> closings;                     // "account/date" of collections and payments
 };
 
-// The first line of an entry is the one on the customer or supplier.
-void addDocument(Journal& journal, const archives::Archive<rec::mc>& mc) {
+// The first line of an entry is the one on the customer or supplier. Of an open item that came over from
+// another year a part may have been paid there.
+void addDocument(Journal& journal, const archives::Archive<rec::mc>& mc, std::string_view year) {
   const rec::mc& row = mc.B;
+  if (!row.datareg.starts_with(year)) return;
   const bool sale = row.causale == "fv" || row.causale == "cv";
   const bool purchase = row.causale == "fa" || row.causale == "ca";
   if ((!sale && !purchase) || common::numberValue(row.nummov) != common::numberValue(mc.primaryKey())) return;
@@ -54,7 +56,7 @@ std::optional<Dues> readDues(Session& session) {
   Dues dues;
   Journal& journal = dues.journal;
   const bool whole = scan<rec::mc>(session, 2410, 2411, 2412, [&](const archives::Archive<rec::mc>& mc) {
-    addDocument(journal, mc);
+    addDocument(journal, mc, session.WorkYear);
     if (mc.B.causale == "if" || mc.B.causale == "pf")
       journal.closings.insert(mc.B.conto + "/" + mc.B.datareg);
   });

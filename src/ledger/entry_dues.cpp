@@ -1,6 +1,7 @@
 #include "ledger/entry_dues.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "common/date.h"
 #include "common/text.h"
@@ -8,6 +9,8 @@
 
 namespace tarvex {
 namespace {
+
+constexpr int kByDocument = 10, kByAccountAndDate = 11;  // of mc
 
 // What a document makes due of its customer or to its supplier: below 0 for a credit note, and for an invoice
 // that takes back more than it charges.
@@ -36,16 +39,48 @@ void reopen(Session& session, const JournalEntry& entry) {
   for (const rec::tt& typed : entry.rows) {
     const ClosedRow row = rowOf(typed);
     if (row.numero.empty()) continue;
-    reopenInstalment(
-        session, ledger,
-        {subjectOf(entry), row.numero, common::DateToKey(row.datafatt), common::DateToKey(row.scadenza)},
-        first.datareg);
+    for (const InstalmentRef& ref : instalmentsOf(session, ledger, subjectOf(entry), row))
+      if (!reopenInstalment(session, ledger, ref, first.datareg).empty()) break;
   }
+}
+
+// The first line of a sale of the account under a key of an index of the journal that `wanted` takes.
+template <class Wanted>
+std::optional<rec::mc> saleUnder(Session& session, int index, const std::string& key, const Wanted& wanted) {
+  OpenArchive<rec::mc> mc(session, 1573, 1574);
+  store::Code code = mc->search(index, key);
+  for (; code == store::kOk && mc->indexKey() == key; code = mc->next(index))
+    if ((mc->B.causale == "fv" || mc->B.causale == "cv") && wanted(mc->B)) return mc->B;
+  if (code != store::kOk && code != store::kNotFound)
+    session.CheckArchiveResult(store::Operation::read, mc->code, 1575);
+  return {};
 }
 
 }  // namespace
 
 DueLedger closedLedger(std::string_view causale) { return causale == "pf" ? DueLedger::sf : DueLedger::sd; }
+
+std::vector<InstalmentRef> instalmentsOf(Session& session, DueLedger ledger, const std::string& conto,
+                                         const ClosedRow& row) {
+  const InstalmentRef named{conto, row.numero, common::DateToKey(row.datafatt),
+                            common::DateToKey(row.scadenza)};
+  if (ledger == DueLedger::sf) return {named};
+  const std::string document = conto + named.datafatt + common::right(common::zeroFill(row.numero, 6), 6);
+  const auto sale = saleUnder(session, kByDocument, document, [](const rec::mc&) { return true; });
+  if (!sale || sale->datareg == named.datafatt) return {named};
+  InstalmentRef registered = named;
+  registered.datafatt = sale->datareg;
+  return {named, registered};
+}
+
+void bearDocument(Session& session, DueDate& due) {
+  if (due.ledger == DueLedger::sf) return;
+  const auto sale = saleUnder(session, kByAccountAndDate, due.conto + due.datafatt,
+                              [&](const rec::mc& line) { return sameNumber(line.numdoc, due.numero); });
+  if (!sale) return;
+  due.numero = sale->numdoc;
+  due.datafatt = sale->datadoc;
+}
 
 DueDates fallingDue(Session& session, const InvoiceKind& kind, const InvoiceDocument& document) {
   const bool sale = kind.side == VatSide::sales;

@@ -22,6 +22,14 @@ struct ClosedRow {
 };
 DueLedger closedLedger(std::string_view causale);  // of "if" the customers', of "pf" the suppliers'
 
+// The instalments that a row may mean, the likelier first. A sale's bear the date of its registration, its
+// lines in the journal and the collections under it the date of the document: either is understood.
+std::vector<InstalmentRef> instalmentsOf(Session& session, DueLedger ledger, const std::string& conto,
+                                         const ClosedRow& row);
+
+// The number and the date of the document that an instalment belongs to; its own where the journal has none.
+void bearDocument(Session& session, DueDate& due);
+
 // Takes an entry's traces out of the ledgers: the instalments of a document, those that a collection or
 // payment had closed are open again. Those removed: a revision writes them anew with what had closed them.
 // Part of a group that the caller has opened.

@@ -42,11 +42,15 @@ bool scanChart(Session& session, const Each& each) {
   return scan<rec::pc>(session, 2903, 2904, 2905, each);
 }
 
+// Open items that came over from the year before stand by themselves, and are no part of the balances.
+bool isOfYear(const Session& session, const rec::mc& row) {
+  return row.datareg.starts_with(session.WorkYear);
+}
+
 Journal readJournal(Session& session) {
   Journal journal;
   journal.whole = scanJournal(session, [&](const archives::Archive<rec::mc>& mc) {
-    // Open items that came over from the year before stand by themselves, and are no part of the balances.
-    if (!mc.B.datareg.starts_with(session.WorkYear)) return;
+    if (!isOfYear(session, mc.B)) return;
     journal.byEntry[mc.B.nummov].add(mc.B.dare, mc.B.avere);
     journal.byVoice[mc.B.conto].add(mc.B.dare, mc.B.avere);
   });
@@ -144,14 +148,17 @@ std::string numberOf(const rec::mc& row) {
 std::vector<Violation> checkNumbers(Session& session) {
   std::unordered_map<std::string, std::string> entries;  // by number
   std::set<std::string> doubles;
+  const auto numberOfYear = [&](const rec::mc& row) {
+    return isOfYear(session, row) ? numberOf(row) : std::string();
+  };
   const bool whole = scanJournal(session, [&](const archives::Archive<rec::mc>& mc) {
-    const std::string number = numberOf(mc.B);
+    const std::string number = numberOfYear(mc.B);
     if (number.empty()) return;
     if (entries.emplace(number, mc.B.nummov).first->second != mc.B.nummov) doubles.insert(number);
   });
   if (!whole) return {{{}, kUnreadable, {}, 0}};
   std::vector<Violation> violations;
-  for (auto& [number, rows] : rowsOf(session, doubles, numberOf))
+  for (auto& [number, rows] : rowsOf(session, doubles, numberOfYear))
     violations.push_back({{}, number + " sta in più registrazioni", std::move(rows), 0});
   return violations;
 }

@@ -121,6 +121,24 @@ void keepNumber(Session& session, const RegisterCounter& counter) {
   pr.flush();
 }
 
+// The lock of a register's counter, where there is one: taken before any group, as whoever holds it over a
+// question has to.
+class HeldCounter {
+ public:
+  HeldCounter(Session& session, const std::string& name) : session_(session), name_(name) {
+    if (!name_.empty()) session_.pr.spinLock(name_);
+  }
+  ~HeldCounter() {
+    if (!name_.empty()) session_.pr.unlock(name_);
+  }
+  HeldCounter(const HeldCounter&) = delete;
+  HeldCounter& operator=(const HeldCounter&) = delete;
+
+ private:
+  Session& session_;
+  const std::string& name_;
+};
+
 void writeEntry(Session& session, const Entry& entry) {
   OpenArchive<rec::mc> mc(session, 1508, 1509);
   const std::int32_t nummov = nextEntryNumber(session, *mc);
@@ -188,9 +206,8 @@ void addGroupedLine(Entry& entry, std::string_view conto, double sum, bool credi
 
 Posted postEntry(Session& session, const Entry& entry, const PostingOptions& options) {
   const ui::Busy busy(session.desk());
+  const HeldCounter counter(session, entry.counter.name);
   store::Group group(session.store, session.groupLog(), kMc, 1507);
-  const bool counted = !entry.counter.name.empty();
-  if (counted) session.pr.spinLock(entry.counter.name);
   session.pr.spinLock("mc");
   std::vector<DueDate> replaced;
   if (!options.replaces.empty()) {
@@ -200,11 +217,10 @@ Posted postEntry(Session& session, const Entry& entry, const PostingOptions& opt
   }
   if (isTaken(session, entry)) return Posted::taken;
   writeEntry(session, entry);
-  if (counted) keepNumber(session, entry.counter);
+  if (!entry.counter.name.empty()) keepNumber(session, entry.counter);
   writeDueDates(session, options.dues, std::move(replaced));
   if (options.also) options.also();
   session.pr.unlock("mc");
-  if (counted) session.pr.unlock(entry.counter.name);
   return group.commit() ? Posted::done : Posted::failed;
 }
 

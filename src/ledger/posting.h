@@ -99,11 +99,11 @@ struct PostingOptions {
   std::function<void()> also = {};  // writes what else belongs to the entry elsewhere; no box
 };
 
-// Posts the entry as one group: the lock of its register's counter; the lock "mc" of `pr`; the removal of the
-// entry that it replaces; whether the number is still free in its register; the number of the entry; each
-// line followed by its progressives; the VAT rows with the rate of their code in force now; the rows of the
-// screen; the counter of the register, when the number is greater; the due dates; `also`. All of it or, with
-// any other outcome than `done`, nothing: then the screen keeps what it shows. The busy pointer shows
+// Posts the entry under the lock of its register's counter, as one group: the lock "mc" of `pr`; the removal
+// of the entry that it replaces; whether the number is still free in its register; the number of the entry;
+// each line followed by its progressives; the VAT rows with the rate of their code in force now; the rows of
+// the screen; the counter of the register, when the number is greater; the due dates; `also`. All of it or,
+// with any other outcome than `done`, nothing: then the screen keeps what it shows. The busy pointer shows
 // meanwhile.
 Posted postEntry(Session& session, const Entry& entry, const PostingOptions& options = {});
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "common/amount.h"
+#include "common/date.h"
+#include "ledger/entry_dues.h"
 #include "ledger/revision.h"
 #include "ui/form.h"
 
@@ -47,11 +49,21 @@ void OpenInstalments::accept() {
   close();
 }
 
+bool names(const CollectionRow& row, const DueDate& due) {
+  return !row.numero.empty() && sameNumber(row.numero, due.numero) &&
+         common::DateToKey(row.datafatt) == due.datafatt && common::DateToKey(row.scadenza) == due.scadenza;
+}
+
 }  // namespace
 
-std::vector<DueDate> chooseInstalments(Session& session, DueLedger ledger, const std::string& conto) {
+std::vector<DueDate> chooseInstalments(Session& session, DueLedger ledger, const std::string& conto,
+                                       const std::vector<CollectionRow>& taken) {
   auto dues = dueDatesOf(session, ledger, conto);
   std::erase_if(dues, [](const DueDate& due) { return !isOpen(due); });
+  for (DueDate& due : dues) bearDocument(session, due);
+  std::erase_if(dues, [&](const DueDate& due) {
+    return std::ranges::any_of(taken, [&](const CollectionRow& row) { return names(row, due); });
+  });
   std::ranges::stable_sort(dues, {}, &DueDate::scadenza);
   OpenInstalments form(session, std::move(dues));
   session.desk().run(form);

@@ -120,8 +120,10 @@ TEST_CASE("protocols and receipts that stand twice are told, those of other regi
   Books books;
   OpenArchive<rec::mc> mc(books.session(), 1, 2);
   int key = 0;
-  const auto row = [&](const char* causale, const char* registro, const char* number, const char* nummov) {
+  const auto row = [&](const char* causale, const char* registro, const char* number, const char* nummov,
+                       const char* datareg = "20030115") {
     mc->A = {};
+    mc->A.datareg = datareg;
     mc->A.causale = causale;
     mc->A.registro = registro;
     mc->A.protocollo = mc->A.numdoc = number;
@@ -134,12 +136,13 @@ TEST_CASE("protocols and receipts that stand twice are told, those of other regi
   row("co", "1", "000001", "3");
   row("co", "1", "000002", "4");
   row("fv", "1", "000001", "5");
+  row("fa", "1", "00001", "99", "20021115");  // an open item that came over
   CHECK(doubles(books.session()).empty());
   row("ca", "1", "00001", "6");
   row("co", "1", "100002", "7");
   const auto violations = doubles(books.session());
   REQUIRE(violations.size() == 2);
   CHECK(violations[1].text == "registro 1, protocollo 00001 sta in più registrazioni");
-  CHECK(violations[1].records == std::vector<std::string>{"mc 00000001", "mc 00000002", "mc 00000007"});
-  CHECK(violations[0].records == std::vector<std::string>{"mc 00000005", "mc 00000008"});
+  CHECK(violations[1].records == std::vector<std::string>{"mc 00000001", "mc 00000002", "mc 00000008"});
+  CHECK(violations[0].records == std::vector<std::string>{"mc 00000005", "mc 00000009"});
 }
