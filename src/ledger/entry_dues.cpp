@@ -73,6 +73,12 @@ std::vector<InstalmentRef> instalmentsOf(Session& session, DueLedger ledger, con
   return {named, registered};
 }
 
+std::string supplierNumber(Session& session, const rec::mc& firstLine) {
+  for (const DueDate& due : dueDatesOf(session, DueLedger::sf, firstLine.conto))
+    if (due.datafatt == firstLine.datadoc && sameNumber(due.numero, firstLine.numdoc, 6)) return due.numero;
+  return firstLine.numdoc;
+}
+
 void bearDocument(Session& session, DueDate& due) {
   if (due.ledger == DueLedger::sf) return;
   const auto sale = saleUnder(session, kByAccountAndDate, due.conto + due.datafatt,

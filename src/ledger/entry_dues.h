@@ -27,6 +27,10 @@ DueLedger closedLedger(std::string_view causale);  // of "if" the customers', of
 std::vector<InstalmentRef> instalmentsOf(Session& session, DueLedger ledger, const std::string& conto,
                                          const ClosedRow& row);
 
+// The number of a purchase as it was typed, of which its lines have the last six digits: its instalments keep
+// it whole. Without any the six digits.
+std::string supplierNumber(Session& session, const rec::mc& firstLine);
+
 // The number and the date of the document that an instalment belongs to; its own where the journal has none.
 void bearDocument(Session& session, DueDate& due);
 

@@ -187,7 +187,7 @@ void InvoiceForm::load() {
   const JournalEntry& entry = *revision_.entry();
   const rec::mc& first = entry.lines.front();
   text1.setText(screenDate(first.datareg));
-  text2.setText(plainNumber(first.numdoc));
+  text2.setText(plainNumber(isPurchase() ? supplierNumber(session_, first) : first.numdoc));
   text3.setText(screenDate(first.datadoc));
   registro.setText(first.registro);
   if (protocol_) protocol_->setText(first.protocollo);

@@ -99,11 +99,11 @@ TEST_CASE("a supplier's invoice takes out its own instalments, not those of a nu
   pc.A = pc.B;
   pc.A.pagamento = "Bonifico 30 gg. d.f.";
   pc.put("00054", store::Put::rewrite);
-  for (const char* number : {"100123", "200123"}) {
+  for (const char* number : {"9100123", "9200123"}) {
     At at(books, "MCFA");
     test::fill(at.hands, {{"text1", "15/01/2003"},
                           {"text2", number},
-                          {"text7", std::string(number, 1)},
+                          {"text7", std::string(number + 1, 1)},
                           {"text5", "FORNITURE VERDI SPA"},
                           {"text6", "122,00"},
                           {"controp(1)", "Merci c/acquisti"},
@@ -116,7 +116,9 @@ TEST_CASE("a supplier's invoice takes out its own instalments, not those of a nu
   REQUIRE(books.all<rec::sf>().size() == 2);
   REQUIRE(removeEntry(books.session(), "1"));
   REQUIRE(books.all<rec::sf>().size() == 1);
-  CHECK(books.all<rec::sf>().front().numero == "200123");
+  CHECK(books.all<rec::sf>().front().numero == "9200123");
+  At revised = test::revise(books, "MCFA2", "4");
+  CHECK(revised.hands.text("text2") == "9200123");  // whole, though the journal has six digits of it
   books.checkWhole();
 }
 
