@@ -23,6 +23,10 @@ target_compile_options(tarvex_flags INTERFACE
   -Wnull-dereference $<$<BOOL:${TARVEX_WERROR}>:-Werror>
   # False alarms of g++ 12 about the standard library's own strings.
   $<$<CXX_COMPILER_ID:GNU>:-Wno-null-dereference;-Wno-array-bounds;-Wno-restrict;-Wno-stringop-overread;-Wno-stringop-overflow>)
+# An index beyond its container ends the program, also for users: groups keep the books whole, what is read or
+# written out of place would not.
+target_compile_definitions(tarvex_flags INTERFACE _GLIBCXX_ASSERTIONS)
+
 if(TARVEX_SANITIZE)
   target_compile_options(tarvex_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                 -fno-omit-frame-pointer)
