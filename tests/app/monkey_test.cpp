@@ -77,8 +77,8 @@ class Monkey : public FakeDesk {
     if (!within.empty()) use(user, *oneOf(within));
   }
 
-  // Now and then it does what the screen is for: every field as its caption asks, of a grid the first row, and
-  // the main button.
+  // Now and then it does what the screen is for: every field as its caption asks, of a grid the first row,
+  // and the main button.
   void work(ui::User& user, ui::Form& form) {
     const auto controls = form.controls();
     for (ui::Control* control : controls) {
