@@ -141,6 +141,9 @@ void pick(Call& call) {
 }
 
 void openRow(Call& call) {
+  const ui::Found found = call.size() == 2 ? named(call, call.word(1)) : ui::Found();
+  if (auto* combo = dynamic_cast<ui::Choice*>(found.control); combo && inReach(call, *combo))
+    return void(ui::User(combo->form()).doubleClick(*combo));
   auto* list = ready<ui::List>(call, call.word(1));
   if (!list) return;
   const int row = ui::rowOf(*list, call.word(2));

@@ -20,6 +20,8 @@ class Regsca : public Form {
  private:
   bool ofSuppliers() const { return soggetti.index() == 1; }
   bool byReceipt() const { return modo.index() == 1; }
+  long long numberTyped() const { return static_cast<long long>(common::numberValue(numero.text())); }
+  void askFor();
   Leave leaveDate(Field& field);
   bool mayRegister();
   bool subjectRight();
@@ -30,7 +32,7 @@ class Regsca : public Form {
   Choice soggetti{*this, "soggetti", "Scadenzario", Choice::Look::options, {"&Clienti", "&Fornitori"}};
   Choice modo{*this, "modo", "Pagamento", Choice::Look::options, {"Ri&messe dirette", "Ricevute &bancarie"}};
   Field soggetto{*this, "text1", "Cliente:", Mask::text(30)};
-  Field numero{*this, "text2", "Numero fatt.:", Mask::digits(10)};
+  Field numero{*this, "text2", "Numero fatt.:", Mask::text(10)};
   Field data{*this, "text3", "Data fattura:", Mask::pattern("__/__/____")};
   Field importo{*this, "text4", "Importo:", Mask::amount()};
   Field scadenza{*this, "text5", "Scadenza:", Mask::pattern("__/__/____")};
@@ -42,8 +44,8 @@ Regsca::Regsca(Session& session)
     : Form(session.desk(), "REGSCA", "Registrazione scadenzario"), session_(session) {
   soggetti.select(0);
   modo.select(0);
-  soggetti.onChange = [this] { soggetto.setCaption(ofSuppliers() ? "Fornitore:" : "Cliente:"); };
-  accountField(session, soggetto, {"c", "f", "ag"}, SearchList::customersAndSuppliers);
+  soggetti.onChange = [this] { askFor(); };
+  askFor();
   data.onLeave = [this] { return leaveDate(data); };
   scadenza.onLeave = [this] { return leaveDate(scadenza); };
   registra.onPress = [this] { registerDueDate(); };
@@ -56,6 +58,14 @@ Layout Regsca::layout() const {
                  buttons({registra, annulla})});
 }
 
+void Regsca::askFor() {
+  soggetto.setCaption(ofSuppliers() ? "Fornitore:" : "Cliente:");
+  if (ofSuppliers())
+    accountField(session_, soggetto, {"f", "ag"}, SearchList::suppliers);
+  else
+    accountField(session_, soggetto, {"c"}, SearchList::customers);
+}
+
 Leave Regsca::leaveDate(Field& field) {
   if (field.empty()) return Leave::go;
   std::string date = field.text();
@@ -65,7 +75,8 @@ Leave Regsca::leaveDate(Field& field) {
 bool Regsca::mayRegister() {
   const auto refuse = [this](Field& field, const char* text) { return desk().refuse(text, field), false; };
   if (soggetto.empty()) return refuse(soggetto, "NON E' STATO INSERITO IL CLIENTE");
-  if (numero.empty()) return refuse(numero, "NON E' STATO INSERITO IL NUMERO DELLA FATTURA");
+  const bool numbered = ofSuppliers() ? !common::trim(numero.text()).empty() : numberTyped() > 0;
+  if (!numbered) return refuse(numero, "NON E' STATO INSERITO IL NUMERO DELLA FATTURA");
   if (data.empty()) return refuse(data, "NON E' STATA INSERITA LA DATA DELLA FATTURA");
   if (importo.number() == 0) return refuse(importo, "NON E' STATO INSERITO L'IMPORTO");
   if (scadenza.empty()) return refuse(scadenza, "NON E' STATA INSERITA LA DATA DELLA SCADENZA");
@@ -73,7 +84,7 @@ bool Regsca::mayRegister() {
 }
 
 bool Regsca::subjectRight() {
-  const bool known = readVoice(session_, soggetto.text(), 3550);
+  const bool known = readVoice(session_, common::trim(soggetto.text()), 3550);
   const std::string kind = known ? session_.pc.B.tipo : std::string();
   if (ofSuppliers() ? kind == "f" || kind == "ag" : kind == "c") {
     subject_ = session_.pc.primaryKey();
@@ -88,7 +99,7 @@ void Regsca::registerDueDate() {
   if (!mayRegister()) return;
   DueDate due;
   due.ledger = ofSuppliers() ? DueLedger::sf : byReceipt() ? DueLedger::st : DueLedger::sd;
-  due.numero = ofSuppliers() ? numero.text() : common::zeroFill(numero.text(), 5);
+  due.numero = ofSuppliers() ? common::trim(numero.text()) : common::zeroFill(numberTyped(), 5);
   due.datafatt = common::DateToKey(data.text());
   due.conto = subject_;
   due.importo = importo.number();

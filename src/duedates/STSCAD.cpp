@@ -22,10 +22,12 @@ std::string amount(double value) { return common::format("###,###,##0.00", value
 
 constexpr Column<ListedDue> kColumns[] = {
     {"N.", 1, 6, Align::right,
-     [](const ListedDue& l) { return common::format("######", common::numberValue(l.due.numero)); }},
+     [](const ListedDue& l) {
+       return common::format("######", common::numberValue(common::right(l.due.numero, 6)));
+     }},
     {"data fatt.", 8, 10, Align::left, [](const ListedDue& l) { return shownDue(l.due.datafatt); }},
-    {"Cliente", 20, 29, Align::left, [](const ListedDue& l) { return l.name; }},
-    {"Importo", 49, 15, Align::right, [](const ListedDue& l) { return amount(l.due.importo); }},
+    {"Cliente", 20, 30, Align::left, [](const ListedDue& l) { return l.name; }},
+    {"Importo", 50, 14, Align::right, [](const ListedDue& l) { return amount(l.due.importo); }},
     {"Scadenza", 66, 10, Align::left, [](const ListedDue& l) { return shownDue(l.due.scadenza); }},
     {"", 77, 2, Align::left, [](const ListedDue& l) { return l.due.tipo; }},
 };

@@ -111,10 +111,11 @@ void Varsca::change() {
   if (scadenza.empty()) return desk().refuse("Non è stata inserita la data", scadenza);
   std::string date = scadenza.text();
   if (!ValidateDate(session_, date)) return scadenza.focus();
-  changeDueDate(session_, chosen->due.ledger, chosen->due.key, [&](DueDate& due) {
+  const bool changed = changeDueDate(session_, chosen->due.ledger, chosen->due.key, [&](DueDate& due) {
     due.importo = importo.number();
     due.scadenza = common::DateToKey(date);
   });
+  if (!changed) desk().beep();  // another station has removed it
   list();
 }
 

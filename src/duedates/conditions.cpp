@@ -37,6 +37,7 @@ std::vector<KeptCondition> readConditions(Session& session) {
 
 bool addCondition(Session& session, const rec::cpag& condition) {
   OpenArchive<rec::cpag> cpag(session, 3536, 3537);
+  if (!cpag->isOpen()) return false;
   cpag->A = condition;
   for (int number = 1; number <= kLastKey; ++number) {
     const std::string key = common::zeroFill(number, 4);
@@ -47,6 +48,7 @@ bool addCondition(Session& session, const rec::cpag& condition) {
     cpag->flush();
     return added;
   }
+  session.desk().beep();  // every number is taken
   return false;
 }
 

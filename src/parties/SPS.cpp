@@ -50,6 +50,11 @@ class PartySelection : public Form {
   void load() override;
 
  private:
+  std::vector<std::unique_ptr<Check>> makeTicks();
+  std::vector<std::unique_ptr<Field>> makeTexts();
+  std::unique_ptr<Choice> makeCombo(std::string_view name, std::string_view caption);
+  std::unique_ptr<Range> makeRange(std::string_view first, std::string_view last, std::string_view caption,
+                                   const Mask& mask);
   Layout tickLayout() const;
   Layout filterLayout() const;
   void tickAll();
@@ -62,12 +67,18 @@ class PartySelection : public Form {
   std::span<const TextFilterField> fields_;
   std::vector<std::string> agents_;  // codes, by the items of `agente` but the first
 
+  // In the order of entry; agente, listino, data and fatturato are of customers alone.
   Tabs schede{*this, "schede", kPages};
-  std::vector<std::unique_ptr<Check>> ticks_;  // of the columns in turn; null for one that goes with another
+  std::vector<std::unique_ptr<Check>> ticks_ = makeTicks();  // null for a column that goes with another
   Button tutti{*this, "tutti", "&Tutti"};
-  std::vector<std::unique_ptr<Field>> texts_;     // of fields_ in turn
-  std::unique_ptr<Choice> agente, listino;        // of customers
-  std::unique_ptr<Range> saldo, data, fatturato;  // the others of customers
+  std::vector<std::unique_ptr<Field>> texts_ = makeTexts();  // of fields_ in turn
+  std::unique_ptr<Choice> agente = makeCombo("agente", "Agente:"),
+                          listino = makeCombo("listino", "Listino prezzi:");
+  Range saldo{*this, "text7", "text8", "Saldo contabile:", Mask::amount()};
+  std::unique_ptr<Range> data =
+      makeRange("text9", "text10", "Data ultima fatt.:", Mask::pattern("__/__/____"));
+  std::unique_ptr<Range> fatturato =
+      makeRange("text11", "text12", "Fatturato " + session_.WorkYear + ":", Mask::amount());
   Check anteprima{*this, "anteprima", "Anteprima di &stampa"};
   Check foglio{*this, "foglio", "&Carica dati nel foglio elettronico"};
   Button ok{*this, "ok", "&OK", Button::Role::main};
@@ -85,23 +96,7 @@ PartySelection::PartySelection(Session& session, std::string_view unit, const Pa
       session_(session),
       kind_(kind),
       fields_(kind.isCustomer() ? std::span<const TextFilterField>(kOfCustomers) : kOfSuppliers) {
-  for (const PartyColumn& column : columnsOf(kind_))
-    ticks_.push_back(
-        column.tick.empty()
-            ? nullptr
-            : std::make_unique<Check>(*this, "Check" + std::to_string(ticks_.size() + 1), column.tick));
-  for (const TextFilterField& field : fields_)
-    texts_.push_back(std::make_unique<Field>(*this, field.name, field.caption, Mask::text(field.width)));
-  if (kind_.isCustomer()) {
-    agente = std::make_unique<Choice>(*this, "agente", "Agente:", Choice::Look::combo);
-    listino = std::make_unique<Choice>(*this, "listino", "Listino prezzi:", Choice::Look::combo);
-  }
-  saldo = std::make_unique<Range>(*this, "text7", "text8", "Saldo contabile:", Mask::amount());
-  if (kind_.isCustomer()) {
-    data =
-        std::make_unique<Range>(*this, "text9", "text10", "Data ultima fatt.:", Mask::pattern("__/__/____"));
-    fatturato = std::make_unique<Range>(*this, "text11", "text12", "Fatturato " + session.WorkYear + ":",
-                                        Mask::amount());
+  if (data) {
     optionalDate(session_, data->from);
     optionalDate(session_, data->to);
   }
@@ -111,6 +106,32 @@ PartySelection::PartySelection(Session& session, std::string_view unit, const Pa
   tutti.onPress = [this] { tickAll(); };
   ok.onPress = [this] { print(); };
   annulla.onPress = [this] { close(); };
+}
+
+std::vector<std::unique_ptr<Check>> PartySelection::makeTicks() {
+  std::vector<std::unique_ptr<Check>> ticks;
+  for (const PartyColumn& column : columnsOf(kind_)) {
+    const std::string name = "Check" + std::to_string(ticks.size() + 1);
+    ticks.push_back(column.tick.empty() ? nullptr : std::make_unique<Check>(*this, name, column.tick));
+  }
+  return ticks;
+}
+
+std::vector<std::unique_ptr<Field>> PartySelection::makeTexts() {
+  std::vector<std::unique_ptr<Field>> texts;
+  for (const TextFilterField& field : fields_)
+    texts.push_back(std::make_unique<Field>(*this, field.name, field.caption, Mask::text(field.width)));
+  return texts;
+}
+
+std::unique_ptr<Choice> PartySelection::makeCombo(std::string_view name, std::string_view caption) {
+  if (!kind_.isCustomer()) return nullptr;
+  return std::make_unique<Choice>(*this, name, caption, Choice::Look::combo);
+}
+
+std::unique_ptr<Range> PartySelection::makeRange(std::string_view first, std::string_view last,
+                                                 std::string_view caption, const Mask& mask) {
+  return kind_.isCustomer() ? std::make_unique<Range>(*this, first, last, caption, mask) : nullptr;
 }
 
 // The first entry of each list lets everyone pass.
@@ -157,7 +178,7 @@ Layout PartySelection::filterLayout() const {
   for (const auto& text : texts_) rows.parts.push_back(row({*text}));
   if (agente) rows.parts.push_back(row({*agente}));
   if (listino) rows.parts.push_back(row({*listino}));
-  for (const Range* range : {saldo.get(), data.get(), fatturato.get()})
+  for (const Range* range : std::initializer_list<const Range*>{&saldo, data.get(), fatturato.get()})
     if (range) rows.parts.push_back(row({range->from, range->to}));
   return rows;
 }
@@ -194,7 +215,7 @@ PartyFilters PartySelection::filters() const {
   const auto add = [&](const Range& range, double rec::pc::*field) {
     filters.ranges.push_back({range.from.caption(), valueOf(range.from), valueOf(range.to), field});
   };
-  add(*saldo, &rec::pc::saldo);
+  add(saldo, &rec::pc::saldo);
   if (!kind_.isCustomer()) return filters;
   add(*fatturato, &rec::pc::fatturato);
   filters.lastInvoiceFrom = keyOf(data->from);

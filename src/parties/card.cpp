@@ -16,17 +16,17 @@ namespace tarvex {
 
 using namespace ui;
 
-void setItemsKeepingChoice(Choice& choice, std::vector<std::string> items) {
-  const std::string chosen = choice.text();
-  choice.setItems(std::move(items));
-  choice.selectText(chosen);
-}
-
 void chooseKeeping(Choice& choice, const std::string& text) {
   if (text.empty()) return choice.select(-1);
   if (choice.selectText(text)) return;
   choice.addItem(text);
   choice.select(static_cast<int>(choice.items().size()) - 1);
+}
+
+void setItemsKeepingChoice(Choice& choice, std::vector<std::string> items) {
+  const std::string chosen = choice.text();
+  choice.setItems(std::move(items));
+  chooseKeeping(choice, chosen);
 }
 
 void turnToCapitals(Field& field) {
@@ -132,14 +132,13 @@ void BankPage::show(const rec::pc& party) {
 // --- Pagamento ---
 
 PaymentPage::PaymentPage(Session& of, Form& owner, const PartyKind& kind) : session(of), form(owner) {
-  if (kind.isCustomer()) {
+  if (kind.isCustomer())
     scontocassa = std::make_unique<Choice>(form, "scontocassa", "Sconto cassa", Choice::Look::combo);
-    scontocassa->setItems(cashDiscounts());
-  }
   pagamento.onDoubleClick = [this] { load(); };
 }
 
 void PaymentPage::load() {
+  if (scontocassa) setItemsKeepingChoice(*scontocassa, cashDiscounts());
   std::vector<std::string> conditions;
   OpenArchive<rec::cpag> cpag(session, 4010, 4011);
   if (!cpag->isOpen()) return;
@@ -284,6 +283,7 @@ PartyCard::PartyCard(Session& of, Form& owner, const PartyKind& party)
 void PartyCard::load() {
   pagamento.load();
   if (iva) iva->load();
+  listino.load();
   for (AgentPage* agent : {agente1.get(), agente2.get()})
     if (agent) agent->load();
 }

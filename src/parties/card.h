@@ -111,7 +111,8 @@ struct StatisticsPage {
 };
 
 struct PriceListPage {
-  explicit PriceListPage(ui::Form& owner);
+  explicit PriceListPage(ui::Form& owner) : form(owner) {}
+  void load();
   ui::Layout layout() const;
   void store(rec::pc& party) const;
   void show(const rec::pc& party);
@@ -156,6 +157,9 @@ struct InvoicingPage {
   ui::Field fatturatoprec{form, "text27", "Fatturato anno prec.:", ui::Mask::amount()};
   ui::Field saldoiniziale{form, "text28", "Saldo iniziale", ui::Mask::amount()};
   ui::Field fido{form, "text29", "Fido", ui::Mask::amount()};
+
+ private:
+  std::string shownDate_, shownTurnover_;
 };
 
 // What suppliers and agents have instead of it.

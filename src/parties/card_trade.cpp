@@ -100,8 +100,10 @@ void DiscountPage::show(const rec::pc& party) {
 
 // --- Listino ---
 
-PriceListPage::PriceListPage(Form& owner) : form(owner) {
-  for (int number = 0; number <= kPriceLists; ++number) listino.addItem(std::to_string(number));
+void PriceListPage::load() {
+  std::vector<std::string> numbers;
+  for (int number = 0; number <= kPriceLists; ++number) numbers.push_back(std::to_string(number));
+  setItemsKeepingChoice(listino, std::move(numbers));
 }
 
 Layout PriceListPage::layout() const { return column({row({listino})}); }
@@ -174,8 +176,9 @@ Layout InvoicingPage::layout() const {
 
 void InvoicingPage::store(rec::pc& party) const {
   party.addebitobollo = flag(addebitobollo);
-  party.dataultfatt = keyOf(dataultfatt);
-  party.fatturatoprec = fatturatoprec.number();
+  // What documents write meanwhile stays, unless the user has typed something else.
+  if (dataultfatt.text() != shownDate_) party.dataultfatt = keyOf(dataultfatt);
+  if (fatturatoprec.text() != shownTurnover_) party.fatturatoprec = fatturatoprec.number();
   party.saldoiniziale = saldoiniziale.number();
   party.fido = fido.number();
 }
@@ -186,7 +189,10 @@ void InvoicingPage::show(const rec::pc& party) {
   fatturatoprec.setNumber(party.fatturatoprec);
   saldoiniziale.setNumber(party.saldoiniziale);
   fido.setNumber(party.fido);
+  shownDate_ = dataultfatt.text();
+  shownTurnover_ = fatturatoprec.text();
 }
+
 
 // --- Contabilità ---
 

@@ -56,7 +56,7 @@ constexpr PartyColumn kName = text("Ragione sociale", "Ragione sociale", 30, tex
                       kFax = text("Fax", "Fax", 20, textOf<&rec::pc::fax>),
                       kCondition = text("Condizioni pagamento", "Pagamento", 40, textOf<&rec::pc::pagamento>),
                       kBalance = amount("Saldo contabile", "          Saldo", 15, numberOf<&rec::pc::saldo>),
-                      kEmail = text("e-mail", "e-mail", 40, textOf<&rec::pc::email>);
+                      kEmail = text("e-mail", "e-mail", 60, textOf<&rec::pc::email>);
 
 constexpr PartyColumn kOfCustomers[] = {
     kName,

@@ -1,6 +1,7 @@
 #include "parties/sheet.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/date.h"
 #include "common/mask.h"
@@ -201,19 +202,18 @@ Leave PartySheet::leaveSearch() {
 void PartySheet::show() {
   const Busy busy(desk());
   const rec::pc party = session_.pc.B;
-  code_ = session_.pc.primaryKey();
+  const bool another = std::exchange(code_, session_.pc.primaryKey()) != session_.pc.primaryKey();
   for (std::size_t i = 0; i < values_.size(); ++i) values_[i]->setText(kind_.lines[i].text(party));
   note.setText(party.note);
   if (customer_) showAgents(party);
   if (destinazioni) showDestinations(party);
   if (documenti) documenti->show(code_);
+  if (!kind_.dueListsOnDemand) showDueLists();
+  if (!another) return;  // what was asked for stays
   if (fatturato) fatturato->start(code_);
-  if (kind_.dueListsOnDemand) {
-    prima->show({});
-    seconda->show({});
-  } else {
-    showDueLists();
-  }
+  if (!kind_.dueListsOnDemand) return;
+  prima->show({});
+  seconda->show({});
 }
 
 void PartySheet::showAgents(const rec::pc& party) {

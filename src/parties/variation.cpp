@@ -77,10 +77,13 @@ bool Variation::take(const std::string& code) {
     session_.pc.unlock(editLock(code));
     return false;
   }
+  const rec::pc party = session_.pc.B;
   letGo();
   code_ = code;
-  name_ = session_.pc.B.ragsoc;
-  card_.show(session_.pc.B);
+  name_ = party.ragsoc;
+  card_.clear();
+  card_.load();  // what the card before has added to the lists is no choice for this one
+  card_.show(party);
   return true;
 }
 

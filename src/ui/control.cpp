@@ -56,7 +56,10 @@ void Control::focus() {
   if (reachable() && form_.isOpen()) form_.setFocus(this);
 }
 
-void Control::on(Key key, std::function<void()> action) { keys_.push_back({key, std::move(action), {}}); }
+void Control::on(Key key, std::function<void()> action) {
+  std::erase_if(keys_, [key](const KeyAction& at) { return at.key == key; });
+  keys_.push_back({key, std::move(action), {}});
+}
 
 bool Control::uses(Key key) const {
   return std::any_of(keys_.begin(), keys_.end(), [key](const auto& at) { return at.key == key; });

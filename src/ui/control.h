@@ -49,7 +49,8 @@ class Control {
   virtual bool takesFocus() const { return true; }
   const Control& placed() const { return *placed_; }  // what the layout names: a cell's grid
 
-  // While this control has the focus; comes before what the key does by itself.
+  // While this control has the focus; comes before what the key does by itself, and takes the place of what
+  // was set for it before.
   void on(Key key, std::function<void()> action);
   bool uses(Key key) const;  // something is set for it
   std::function<void()> onEnter;
