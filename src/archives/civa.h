@@ -14,6 +14,8 @@ struct civa {
   double aliquota = 0;            // percent; 0 for exempt and out-of-scope codes
   std::int16_t indetraibile = 0;  // 100: cannot be deducted
   std::string descrizione;
+
+  bool operator==(const civa&) const = default;
 };
 
 }  // namespace rec

@@ -1,6 +1,10 @@
 // Annullamento voce del piano dei conti, and anpc1, which shows the voice and asks.
 #include <optional>
 
+#include "archives/mc.h"
+#include "archives/sd.h"
+#include "archives/sf.h"
+#include "archives/st.h"
 #include "chart/account_field.h"
 #include "chart/forms.h"
 #include "chart/voice_labels.h"
@@ -20,6 +24,17 @@ constexpr double kFirstOfUsers = 50;  // the numbers below are those of the pred
 bool hasAmounts(const rec::pc& voice) {
   return common::roundBalance(voice.saldo) != 0 || common::roundBalance(voice.dare) != 0 ||
          common::roundBalance(voice.avere) != 0;
+}
+
+// Whether the archive has a record of the voice, in an index whose keys begin with its code.
+template <class R>
+bool isUnder(Session& session, int index, const std::string& code) {
+  OpenArchive<R> archive(session, 1137, 1138);
+  store::Code result = archive->search(index, code);
+  if (result == store::kNotFound) result = archive->next(index);
+  if (result != store::kOk && result != store::kNotFound)
+    session.CheckArchiveResult(store::Operation::read, archive->code, 1139);
+  return result == store::kOk && archive->B.conto == code;
 }
 
 class Anpc1 : public Form {
@@ -54,6 +69,7 @@ class Anpc : public Form {
   void remove();
   bool erase();
   bool isFree();
+  bool isNamed();
   std::optional<int> countOnLevel();
   void tellAmounts();
 
@@ -117,9 +133,16 @@ bool Anpc::erase() {
   return free;
 }
 
-// Of the voice that was read last: neither amounts nor voices below it. Otherwise the user has been told.
+// By a line of the journal, also where its lines cancel each other, or by a due date.
+bool Anpc::isNamed() {
+  return isUnder<rec::mc>(session_, 11, code_) || isUnder<rec::sd>(session_, 3, code_) ||
+         isUnder<rec::st>(session_, 3, code_) || isUnder<rec::sf>(session_, 3, code_);
+}
+
+// Of the voice that was read last: neither amounts, nor records that name it, nor voices below it. Otherwise
+// the user has been told.
 bool Anpc::isFree() {
-  if (hasAmounts(session_.pc.B)) return tellAmounts(), false;
+  if (hasAmounts(session_.pc.B) || isNamed()) return tellAmounts(), false;
   const std::optional<int> onItsLevel = countOnLevel();
   if (!onItsLevel) return false;
   if (*onItsLevel <= 1) return true;

@@ -55,6 +55,11 @@ std::string fit(std::string_view text, std::size_t width, Align align) {
   return align == Align::right ? blanks + cell : cell + blanks;
 }
 
+std::string figure(std::string_view text, std::size_t width) {
+  const std::size_t have = length(text);
+  return std::string(have < width ? width - have : 0, ' ').append(text);
+}
+
 std::string zeroFill(std::string_view text, std::size_t width) {
   const std::size_t have = length(text);
   return have >= width ? std::string(text) : std::string(width - have, '0').append(text);

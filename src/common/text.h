@@ -21,6 +21,9 @@ std::string right(std::string_view text, std::size_t width);
 // Exactly `width` characters: cut or padded with blanks, the text at the left or at the right.
 std::string fit(std::string_view text, std::size_t width, Align align = Align::left);
 
+// At the right of `width` characters; a longer text stays whole, since a figure cut short is a wrong one.
+std::string figure(std::string_view text, std::size_t width);
+
 // `text` with zeros in front up to `width` characters; a longer text stays as it is.
 std::string zeroFill(std::string_view text, std::size_t width);
 std::string zeroFill(long long number, std::size_t width);

@@ -103,7 +103,7 @@ std::shared_ptr<const Report> Stscad::layOut(const std::vector<ListedDue>& dues)
   }
   out.keep(2);
   out.rule();
-  out.bold(common::fit("Totale", 48) + common::fit(amount(sum), 15, Align::right));
+  out.bold(common::fit("Totale", 48) + common::figure(amount(sum), 15));
   return report;
 }
 

@@ -1,10 +1,12 @@
 #include "duedates/due_ledgers.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "archives/sd.h"
 #include "archives/sf.h"
 #include "archives/st.h"
+#include "common/amount.h"
 #include "common/text.h"
 
 namespace tarvex {
@@ -125,6 +127,16 @@ std::string markInstalment(Session& session, DueLedger ledger, const InstalmentR
   return marked ? lowest->key : std::string();
 }
 
+// All of them where no beginning comes to the amount: then some were changed by hand.
+std::vector<DueDate> firstThatComeTo(const std::vector<DueDate>& dues, double amount) {
+  double sum = 0;
+  for (auto at = dues.begin(); at != dues.end(); ++at) {
+    sum = common::roundBalance(sum + at->importo);
+    if (sum == common::roundBalance(amount)) return {dues.begin(), at + 1};
+  }
+  return dues;
+}
+
 }  // namespace
 
 bool sameNumber(std::string_view one, std::string_view other, std::size_t digits) {
@@ -213,19 +225,20 @@ std::string reopenInstalment(Session& session, DueLedger ledger, const Instalmen
   return markInstalment(session, ledger, instalment, date, {});
 }
 
-std::vector<DueDate> removeDueDates(Session& session, const InstalmentRef& document, bool negative) {
-  std::vector<DueDate> removed;
+std::vector<DueDate> removeDueDates(Session& session, const InstalmentRef& document, double amount) {
+  std::vector<DueDate> found;
   for (const DueLedger ledger : kDueLedgers) {
     // Of a supplier's number, kept as typed, the journal has six digits; of a customer's five are kept.
     const std::size_t digits = ledger == DueLedger::sf ? 6 : 5;
     for (DueDate& due : dueDatesOf(session, ledger, document.conto)) {
       if (due.datafatt != document.datafatt || !sameNumber(due.numero, document.numero, digits)) continue;
-      if (due.importo != 0 && (due.importo < 0) != negative) continue;
-      removeDueDate(session, ledger, due.key);
-      removed.push_back(std::move(due));
+      if (due.importo == 0 || (due.importo < 0) == (amount < 0)) found.push_back(std::move(due));
     }
   }
-  return removed;
+  std::ranges::stable_sort(found, {}, &DueDate::key);
+  std::vector<DueDate> own = firstThatComeTo(found, amount);
+  for (const DueDate& due : own) removeDueDate(session, due.ledger, due.key);
+  return own;
 }
 
 }  // namespace tarvex

@@ -75,7 +75,8 @@ std::string reopenInstalment(Session& session, DueLedger ledger, const Instalmen
                              std::string_view date);
 
 // Deletes the instalments of one document from all three ledgers: those of its account, number and date with
-// the sign of its amount, which tells an invoice from a credit note with its number. What was deleted.
-std::vector<DueDate> removeDueDates(Session& session, const InstalmentRef& document, bool negative);
+// the sign of its amount, which tells an invoice from a credit note with its number. Where several documents
+// share all that, those with the lowest keys that come to the amount. What was deleted.
+std::vector<DueDate> removeDueDates(Session& session, const InstalmentRef& document, double amount);
 
 }  // namespace tarvex

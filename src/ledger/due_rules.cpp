@@ -30,7 +30,7 @@ std::string keyOf(std::string_view conto, std::string_view numero, std::string_v
 }
 
 struct Journal {
-  std::unordered_map<std::string, double> documents;  // amount of each, by its key; signed
+  std::unordered_map<std::string, double> documents;  // signed amount by key; several may share one
   std::set<std::string> closings;                     // "account/date" of collections and payments
 };
 
@@ -43,7 +43,7 @@ void addDocument(Journal& journal, const archives::Archive<rec::mc>& mc, std::st
   const bool purchase = row.causale == "fa" || row.causale == "ca";
   if ((!sale && !purchase) || common::numberValue(row.nummov) != common::numberValue(mc.primaryKey())) return;
   const double amount = sale ? row.dare - row.avere : row.avere - row.dare;
-  journal.documents[keyOf(row.conto, row.numdoc, sale ? row.datareg : row.datadoc, amount < 0)] = amount;
+  journal.documents[keyOf(row.conto, row.numdoc, sale ? row.datareg : row.datadoc, amount < 0)] += amount;
 }
 
 // What the ledgers and the journal say; nothing when one of them cannot be read.

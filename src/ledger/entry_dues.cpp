@@ -103,7 +103,7 @@ std::vector<DueDate> takeDuesBack(Session& session, const JournalEntry& entry) {
   if (first.causale == "if" || first.causale == "pf") return reopen(session, entry), std::vector<DueDate>();
   const auto side = vatSideOf(first.causale);
   if (!side || *side == VatSide::receipts) return {};
-  return removeDueDates(session, documentOf(first, *side), amountDue(first, *side) < 0);
+  return removeDueDates(session, documentOf(first, *side), amountDue(first, *side));
 }
 
 }  // namespace tarvex

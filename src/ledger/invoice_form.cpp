@@ -63,6 +63,7 @@ class InvoiceForm : public ui::Form {
   void setEvents();
 
   Leave leaveNumber();
+  void leaveRegister();
   void proposeProtocol();
   Leave leaveProtocol();
   void warnOfPrintedRegister();
@@ -136,7 +137,7 @@ void InvoiceForm::setEvents() {
   checkRegistrationDate(session_, text1);
   text2.onLeave = [this] { return leaveNumber(); };
   checkDate(session_, text3);
-  registro.onLeave = [this] { return registro.empty() ? (registro.setText("1"), Leave::go) : Leave::go; };
+  registro.onLeave = [this] { return leaveRegister(), Leave::go; };
   if (protocol_) {
     protocol_->onEnter = [this] { proposeProtocol(); };
     protocol_->onLeave = [this] { return leaveProtocol(); };
@@ -211,6 +212,11 @@ Leave InvoiceForm::leaveNumber() {
   if (isPurchase() || text2.empty() || !isTaken(text2.text())) return Leave::go;
   session_.desk().refuse(std::string(words_.taken));
   return Leave::stay;
+}
+
+void InvoiceForm::leaveRegister() {
+  if (registro.empty()) registro.setText("1");
+  if (protocol_ && !protocol_->empty()) proposeProtocol();
 }
 
 // What the user has typed stays; what was proposed before follows the register.
@@ -352,7 +358,8 @@ bool InvoiceForm::numberStillFree() {
   return kind_.side != VatSide::sales || !isTaken(text2.text()) || refuse(text2, words_.taken);
 }
 
-// Also finds the codes of the contropartite: another station may have removed one since its field was left.
+// Also finds the codes of the contropartite. Another station may have removed a voice or a VAT code since its
+// field was left, or since the entry that is revised was posted.
 bool InvoiceForm::voicesThere() {
   for (int row = 1; row <= righe.rows(); ++row) {
     voices_[row].clear();
@@ -361,7 +368,8 @@ bool InvoiceForm::voicesThere() {
     if (leaveVoice(controp[row]) == Leave::stay) return controp[row].focus(), false;
     voices_[row] = session_.pc.primaryKey();
     const auto code = readVatCode(session_, codiva[row].text());
-    deductible_[row] = !code || code->indetraibile == 0;
+    if (!code) return desk().beep(), codiva[row].focus(), false;
+    deductible_[row] = code->indetraibile == 0;
   }
   return true;
 }

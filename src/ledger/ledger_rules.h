@@ -22,7 +22,7 @@ namespace tarvex {
 // and supplier credit notes) or one receipt number (its last five digits).
 //
 // "references exist": the voice of each row, mastro and conto of each voice, customer, supplier, VAT code and
-// register of each VAT row.
+// register of each VAT row, account of each due date.
 //
 // "screen rows belong to an entry": each row of tt bears the number of an entry of the journal.
 //

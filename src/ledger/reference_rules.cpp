@@ -12,6 +12,9 @@
 #include "archives/ic.h"
 #include "archives/iv.h"
 #include "archives/mc.h"
+#include "archives/sd.h"
+#include "archives/sf.h"
+#include "archives/st.h"
 #include "archives/tt.h"
 #include "common/amount.h"
 #include "common/text.h"
@@ -66,6 +69,15 @@ bool checkVatRows(Session& session, const Names& voices, const Names& codes, Mis
     if constexpr (requires { row.conto; })
       if (!row.conto.empty() && !voices.contains(row.conto))
         missing.tell("la voce " + row.conto + " non esiste", record);
+  });
+}
+
+template <class R>
+bool checkDueDates(Session& session, const Names& voices, Missing& missing) {
+  return scanRows<R>(session, [&](const archives::Archive<R>& dues) {
+    if (!voices.contains(dues.B.conto))
+      missing.tell("la voce " + dues.B.conto + " non esiste",
+                   std::string(archives::Layout<R>::prefix) + " " + dues.primaryKey());
   });
 }
 
@@ -140,6 +152,9 @@ std::vector<Violation> checkReferences(Session& session) {
   whole = checkVatRows<rec::iv>(session, voices, codes, missing) && whole;
   whole = checkVatRows<rec::ia>(session, voices, codes, missing) && whole;
   whole = checkVatRows<rec::ic>(session, voices, codes, missing) && whole;
+  whole = checkDueDates<rec::sd>(session, voices, missing) && whole;
+  whole = checkDueDates<rec::st>(session, voices, missing) && whole;
+  whole = checkDueDates<rec::sf>(session, voices, missing) && whole;
   return std::move(missing).violations(whole);
 }
 

@@ -20,6 +20,7 @@ class Rtiva : public Form {
   void save();
 
   Session& session_;
+  VatTable before_;  // as it was read
   Grid codici{*this, "codici", kVatSlots};
   GridColumn codice{codici, "codice", "Codice", Mask::text(5)};
   GridColumn aliquota{codici, "aliquota", "Aliquota", Mask::amount(2, 6)};
@@ -39,6 +40,7 @@ Rtiva::Rtiva(Session& session)
 void Rtiva::load() {
   const auto table = loadVatTable(session_);
   if (!table) return close();  // registering what could not be read would empty the slots
+  before_ = *table;
   for (int row = 1; row <= kVatSlots; ++row) {
     const rec::civa& slot = (*table)[row - 1];
     if (slot.codice.empty()) continue;
@@ -66,7 +68,9 @@ void Rtiva::save() {
   if (const auto twice = firstDuplicate(table))
     return desk().refuse("Il codice " + twice->code + " è stato inserito " + std::to_string(twice->count) +
                          " volte");
-  if (saveVatTable(session_, table)) codice[1].focus();
+  if (!saveVatTable(session_, table, before_)) return;
+  before_ = table;
+  codice[1].focus();
 }
 
 }  // namespace

@@ -38,9 +38,10 @@ std::optional<VatTable> loadVatTable(Session& session) {
   return table;
 }
 
-bool saveVatTable(Session& session, const VatTable& table) {
+bool saveVatTable(Session& session, const VatTable& table, const VatTable& before) {
   store::Group group(session.store, session.installationLog(), session.civa.code, 3002);
   for (int slot = 0; slot < kVatSlots; ++slot) {
+    if (table[slot] == before[slot]) continue;
     session.civa.A = table[slot];
     session.civa.put(slotKey(slot), store::Put::write);
     session.CheckArchiveResult(store::Operation::write, session.civa.code, 3003);

@@ -29,9 +29,9 @@ std::string_view nameOf(VatKind kind);  // "IVA NORMALE", "IVA INDETRAIBILE", "E
 // reported.
 std::optional<VatTable> loadVatTable(Session& session);
 
-// Writes all slots in turn, free ones too, as one group: all or none. False when nothing was written, which
-// has been reported.
-bool saveVatTable(Session& session, const VatTable& table);
+// Writes the slots that differ from `before`, in turn, as one group: all or none. What another station has
+// changed meanwhile in the others stays. False when nothing was written, which has been reported.
+bool saveVatTable(Session& session, const VatTable& table, const VatTable& before);
 
 // A code as the registration screens look it up. Nothing when the table has no such code; a failure is
 // reported.

@@ -13,7 +13,7 @@ constexpr std::size_t kWidth = 84, kNameWidth = 30, kAmountWidth = 15;
 
 std::string bodyLine(std::string_view name, double amount) {
   return common::fit(name, kNameWidth) +
-         common::fit(common::format("####,###,##0.00", amount), kAmountWidth, common::Align::right);
+         common::figure(common::format("####,###,##0.00", amount), kAmountWidth);
 }
 
 std::string titleOf(BalanceSide side, const BalanceSource& source) {

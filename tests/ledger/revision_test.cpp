@@ -21,6 +21,30 @@ void postInvoice(Books& books) {
   REQUIRE(books.desk().boxes.empty());
 }
 
+// The supplier pays in one instalment.
+void giveTerms(Books& books) {
+  auto& pc = books.session().pc;
+  REQUIRE(pc.search(0, "00054") == store::kOk);
+  pc.A = pc.B;
+  pc.A.pagamento = "Bonifico 30 gg. d.f.";
+  pc.put("00054", store::Put::rewrite);
+}
+
+void postPurchase(Books& books, const char* number, const char* protocol) {
+  At at(books, "MCFA");
+  test::fill(at.hands, {{"text1", "15/01/2003"},
+                        {"text2", number},
+                        {"text7", protocol},
+                        {"text5", "FORNITURE VERDI SPA"},
+                        {"text6", "122,00"},
+                        {"controp(1)", "Merci c/acquisti"},
+                        {"imponibile(1)", "100,00"},
+                        {"codiva(1)", "22"},
+                        {"importoiva(1)", "22,00"}});
+  at.hands.press("Registra");
+  REQUIRE(books.desk().boxes.empty());
+}
+
 }  // namespace
 
 TEST_CASE("a revision shows the entry, keeps its number free and puts a new entry in its place") {
@@ -94,25 +118,9 @@ TEST_CASE("an entry that another station has revised meanwhile is not posted twi
 
 TEST_CASE("a supplier's invoice takes out its own instalments, not those of a number with the same end") {
   Books books;
-  auto& pc = books.session().pc;
-  REQUIRE(pc.search(0, "00054") == store::kOk);
-  pc.A = pc.B;
-  pc.A.pagamento = "Bonifico 30 gg. d.f.";
-  pc.put("00054", store::Put::rewrite);
-  for (const char* number : {"9100123", "9200123"}) {
-    At at(books, "MCFA");
-    test::fill(at.hands, {{"text1", "15/01/2003"},
-                          {"text2", number},
-                          {"text7", std::string(number + 1, 1)},
-                          {"text5", "FORNITURE VERDI SPA"},
-                          {"text6", "122,00"},
-                          {"controp(1)", "Merci c/acquisti"},
-                          {"imponibile(1)", "100,00"},
-                          {"codiva(1)", "22"},
-                          {"importoiva(1)", "22,00"}});
-    at.hands.press("Registra");
-  }
-  REQUIRE(books.desk().boxes.empty());
+  giveTerms(books);
+  postPurchase(books, "9100123", "1");
+  postPurchase(books, "9200123", "2");
   REQUIRE(books.all<rec::sf>().size() == 2);
   REQUIRE(removeEntry(books.session(), "1"));
   REQUIRE(books.all<rec::sf>().size() == 1);
@@ -120,6 +128,31 @@ TEST_CASE("a supplier's invoice takes out its own instalments, not those of a nu
   At revised = test::revise(books, "MCFA2", "4");
   CHECK(revised.hands.text("text2") == "9200123");  // whole, though the journal has six digits of it
   books.checkWhole();
+}
+
+TEST_CASE("of two invoices with one number and date each has its own instalments") {
+  Books books;
+  giveTerms(books);
+  postPurchase(books, "1", "1");
+  postPurchase(books, "1", "2");
+  REQUIRE(books.all<rec::sf>().size() == 2);
+  books.checkWhole();  // together they come to both amounts
+  REQUIRE(removeEntry(books.session(), "4"));
+  CHECK(books.all<rec::sf>().size() == 1);
+  books.checkWhole();
+}
+
+TEST_CASE("an entry is not revised with a VAT code that is gone") {
+  Books books;
+  postInvoice(books);
+  REQUIRE(books.session().civa.search(1, "22") == store::kOk);
+  books.session().civa.A = {};
+  books.session().civa.put(books.session().civa.primaryKey(), store::Put::rewrite);
+  At at = test::revise(books, "mcfv2", "1");
+  at.hands.press("Registra");
+  CHECK(books.desk().beeps == 1);
+  CHECK(at.hands.focus() == "codiva(1)");
+  CHECK(books.all<rec::mc>().front().nummov == "1");
 }
 
 TEST_CASE("one row of the journal is taken back with its progressives alone") {

@@ -131,6 +131,17 @@ TEST_CASE("rtiva refuses a code that stands in several rows, whatever the other 
   CHECK(books.slot("03").codice == "4");
 }
 
+TEST_CASE("rtiva leaves alone what another station has registered meanwhile") {
+  Books books;
+  Open mine(makeRtiva(books.session)), his(makeRtiva(books.session));
+  his.hands.set("codice(24)", "U1");
+  his.hands.press("registra");
+  mine.hands.set("codice(25)", "T1");
+  mine.hands.press("registra");
+  CHECK(readVatCode(books.session, "U1"));
+  CHECK(readVatCode(books.session, "T1"));
+}
+
 TEST_CASE("a table that cannot be read is not offered for rewriting") {
   Books books;
   REQUIRE(books.session.civa.close() == store::kOk);

@@ -86,7 +86,8 @@ bool Stgc::mayPrintAgain(const DateRange& range) {
   return until.empty() || range.from > until ||
          desk().confirm(
              "Il giornale risulta già stampato in definitiva nel periodo indicato. Proseguire lo stesso con "
-             "la stampa ?");
+             "la stampa ?",
+             "Attenzione", true);
 }
 
 bool Stgc::mayNumber() {

@@ -52,7 +52,7 @@ constexpr ui::Column<Printed> kPeriodLine[] = {
 
 void writeClosing(ui::Paged& out, const AccountCard& card, const BookMoney& money) {
   const auto figure = [&](std::string_view name, double amount) {
-    return std::string(name) + common::fit(money.text(amount), 15, Align::right);
+    return std::string(name) + common::figure(money.text(amount), 15);
   };
   const std::string below(29, ' ');  // the figures stand under each other
   out.line(figure("Saldo iniz. : ", card.opening) + figure("            Prog. dare  : ", card.dare));
@@ -127,7 +127,7 @@ std::shared_ptr<const ui::Report> layOutCards(const std::vector<AccountCard>& ca
     head.rule();
     if (!broken.card) return;
     head.bold(common::fit(nameOf(*broken.card) + ", segue", kWidth - 15) +
-              common::fit(page.money.text(broken.saldo), 15, Align::right));
+              common::figure(page.money.text(broken.saldo), 15));
   });
   for (const AccountCard& card : cards) write(out, card, page.money, broken);
   return report;

@@ -39,7 +39,7 @@ void writeHead(ui::Paged& out, const JournalHeading& heading, int page) {
 
 std::string amount(double value) { return common::format("##,###,##0.00", value); }
 std::string total(common::Currency value) {
-  return common::fit(common::format("####,###,##0.00", common::toDouble(value)), 15, Align::right);
+  return common::figure(common::format("####,###,##0.00", common::toDouble(value)), 15);
 }
 
 struct Printed {

@@ -59,7 +59,7 @@ struct Sums {
 void writeSums(ui::Paged& out, const Sums& sums) {
   const auto figure = [](std::string_view name, common::Currency value) {
     return std::string(name) +
-           common::fit(common::format("####,###,##0.00", common::toDouble(value)), 15, Align::right);
+           common::figure(common::format("####,###,##0.00", common::toDouble(value)), 15);
   };
   out.keep(3);
   out.rule();

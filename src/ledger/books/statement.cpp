@@ -97,7 +97,7 @@ std::shared_ptr<const ui::Report> layOut(const Statement& statement, const State
   out.keep(3);
   out.rule();
   out.line(ui::line(kColumns, {StatementRow{{}, {}, statement.dare, statement.avere}, page.money}));
-  out.bold("Saldo: " + common::fit(page.money.text(statement.saldo()), 15, Align::right));
+  out.bold("Saldo: " + common::figure(page.money.text(statement.saldo()), 15));
   return report;
 }
 
