@@ -106,6 +106,10 @@ RegisterCounter counterOf(const InvoiceKind& kind, const InvoiceDocument& docume
 
 }  // namespace
 
+bool isVatVoice(std::string_view code) {
+  return code == kVatOnPurchases || code == kVatOnSales || code == kVatOnReceipts || code == kVatNotDeducted;
+}
+
 double imbalance(const InvoiceDocument& document) {
   double rows = 0;
   for (const InvoiceRow& row : document.rows) rows += row.imponibile + row.imposta;

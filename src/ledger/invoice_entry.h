@@ -42,6 +42,10 @@ struct InvoiceDocument {
   std::vector<InvoiceRow> rows;
 };
 
+// One of the voices that the VAT of a document goes to by itself; with a line of another making on it the VAT
+// rows would never agree with the journal.
+bool isVatVoice(std::string_view code);
+
 // `importo` less the taxable amounts and the VAT of the rows, rounded as balances are.
 double imbalance(const InvoiceDocument& document);
 

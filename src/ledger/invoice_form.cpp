@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 
 #include "chart/account_field.h"
 #include "common/amount.h"
@@ -61,6 +62,8 @@ class InvoiceForm : public ui::Form {
   bool isReceipt() const { return kind_.side == VatSide::receipts; }
   int decimals() const { return kind_.lire ? 0 : 2; }
   void setEvents();
+
+  std::map<std::string, std::string> namesToday(const JournalEntry& entry);
 
   Leave leaveNumber();
   void leaveRegister();
@@ -196,14 +199,33 @@ void InvoiceForm::load() {
   text4.setText(first.descrizione);
   text6.setNumber(first.dare != 0 ? first.dare : first.avere);
   const int rows = std::min(righe.rows(), static_cast<int>(entry.rows.size()));
+  const auto names = namesToday(entry);
   for (int row = 1; row <= rows; ++row) {
     const rec::tt& typed = entry.rows[static_cast<std::size_t>(row - 1)];
-    controp[row].setText(typed.voce);
+    const auto name = names.find(typed.voce);
+    controp[row].setText(name == names.end() ? typed.voce : name->second);
     imponibile[row].setText(typed.testo);
     codiva[row].setText(typed.codice);
     importoiva[row].setText(typed.importo);
   }
   showBalance();
+}
+
+// What the contropartite are called today, by the names that were typed: a voice may have been renamed since,
+// and its name given to another. Their lines stand behind the first, in the order of their first rows; a sum
+// of 0 has none.
+std::map<std::string, std::string> InvoiceForm::namesToday(const JournalEntry& entry) {
+  std::map<std::string, std::string> names;
+  std::size_t line = 1;
+  for (const rec::tt& row : entry.rows) {
+    if (names.contains(row.voce)) continue;
+    double sum = 0;
+    for (const rec::tt& other : entry.rows)
+      if (other.voce == row.voce) sum += common::toNumber(other.testo);
+    if (common::roundBalance(sum) == 0 || line >= entry.lines.size()) continue;
+    names[row.voce] = voiceName(session_, entry.lines[line++].conto);
+  }
+  return names;
 }
 
 // --- on leaving the fields ---
@@ -252,7 +274,7 @@ Leave InvoiceForm::leaveVoice(ui::Field& field) {
   if (field.empty()) return Leave::go;
   if (readVoice(session_, field.text(), 1520)) {
     const std::string& tipo = session_.pc.B.tipo;
-    if (tipo == "s" || tipo == "c") return Leave::go;
+    if ((tipo == "s" || tipo == "c") && !isVatVoice(session_.pc.primaryKey())) return Leave::go;
   }
   session_.desk().beep();
   return Leave::stay;
@@ -309,7 +331,7 @@ bool InvoiceForm::subjectGiven() {
                        : isReceipt() ? tipo == "s" || tipo == "c"
                                      : tipo == "c";
     subject_ = session_.pc.primaryKey();
-    if (right) return true;
+    if (right && !isVatVoice(subject_)) return true;
   }
   session_.desk().beep();
   text5.focus();

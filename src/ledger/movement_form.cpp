@@ -145,7 +145,8 @@ void MovementForm::fillFrom(const JournalEntry& entry) {
   const auto amountText = [](double amount) { return amount == 0 ? std::string() : common::toText(amount); };
   for (std::size_t i = 0; i < entry.rows.size() && i < lines_.size(); ++i) {
     const rec::tt& row = entry.rows[i];
-    lines_[i] = {row.voce, row.testo, amountText(common::numberValue(row.codice)),
+    const std::string name = i < entry.lines.size() ? voiceName(session_, entry.lines[i].conto) : row.voce;
+    lines_[i] = {name, row.testo, amountText(common::numberValue(row.codice)),
                  amountText(common::numberValue(row.importo))};
   }
   for (std::size_t i = 0; entry.rows.empty() && i < entry.lines.size() && i < lines_.size(); ++i) {

@@ -142,6 +142,33 @@ TEST_CASE("of two invoices with one number and date each has its own instalments
   books.checkWhole();
 }
 
+TEST_CASE("a revision follows the voices of its entry, whatever they are called today") {
+  Books books;
+  postInvoice(books);
+  auto& pc = books.session().pc;
+  REQUIRE(pc.search(0, "00053") == store::kOk);
+  pc.A = pc.B;
+  pc.A.ragsoc = "Servizi alle imprese";
+  pc.put("00053", store::Put::rewrite);
+  test::addVoice(books.session(), "00099", "Servizi", "s", "00003", "00009");  // takes the name that is free
+  At at = test::revise(books, "mcfv2", "1");
+  CHECK(at.hands.text("controp(1)") == "Servizi alle imprese");
+  at.hands.press("Registra");
+  CHECK(books.desk().boxes.empty());
+  CHECK(books.saldo("00053") == -100);
+  CHECK(books.saldo("00099") == 0);
+  books.checkWhole();
+}
+
+TEST_CASE("no document has the voices of the VAT among its contropartite") {
+  Books books;
+  At at(books, "mcfv");
+  at.hands.set("text1", "15/01/2003");
+  at.hands.set("controp(1)", "Iva vendite");
+  CHECK_FALSE(at.hands.go("imponibile(1)"));
+  CHECK(at.hands.focus() == "controp(1)");
+}
+
 TEST_CASE("an entry is not revised with a VAT code that is gone") {
   Books books;
   postInvoice(books);
