@@ -44,13 +44,15 @@ void Cancella::confirm() {
   if (choice.year.text().empty() && !yearless)
     return desk().refuse("Non è stato selezionato l'anno", choice.year);
   if (!confirmRemoval(session_)) return;
+  bool removed = true;
   {
     const Busy busy(desk());
     if (yearless)
       removeCompany(session_, *code);
     else
-      removeYear(session_, *code, choice.year.text());
+      removed = removeYear(session_, *code, choice.year.text());
   }
+  if (!removed) desk().warn("Gli archivi sono in uso su un'altra postazione");
   close();
 }
 

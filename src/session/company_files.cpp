@@ -79,11 +79,13 @@ bool hasYear(Session& session, std::string_view code) {
   return false;
 }
 
-void removeYear(Session& session, std::string_view code, std::string_view year) {
+bool removeYear(Session& session, std::string_view code, std::string_view year) {
   if (session.CompanyCode == code && session.WorkYear == year) closeCompany(session);
+  if (session.store.isOpenElsewhere(session.stem("ct", year, code))) return false;
   for (const Listed& listed : kOfYear) kill(session, listed, year, code);
   removeTraces(session, code, year);
   if (!hasYear(session, code)) removeCompany(session, code);
+  return true;
 }
 
 void removeCompany(Session& session, std::string_view code) {

@@ -17,8 +17,9 @@ void copyCompany(Session& session, std::string_view code);
 bool hasYear(Session& session, std::string_view code);
 
 // Removes the archives of that year with its log, each failure reported. When no year of the company is left,
-// those of the company follow (but for `po`), and its slot of `dataz` becomes free again.
-void removeYear(Session& session, std::string_view code, std::string_view year);
+// those of the company follow (but for `po`), and its slot of `dataz` becomes free again. False, and nothing
+// is removed, while another station works in that year.
+bool removeYear(Session& session, std::string_view code, std::string_view year);
 
 // The same for a company that has no year: what a creation has left that was cut short.
 void removeCompany(Session& session, std::string_view code);

@@ -100,6 +100,7 @@ class Engine {
   virtual Code copy(const std::string& from, const std::string& to) = 0;
   virtual Code kill(const std::string& stem) = 0;  // kSystem when nothing of it is there
   virtual bool exists(const std::string& stem) const = 0;
+  virtual bool isOpenElsewhere(const std::string& stem) = 0;  // by another station, or by a table of this one
   virtual Code open(const std::string& stem, std::unique_ptr<Table>& table) = 0;  // kSystem: not there
 
   // Maintenance, as RecordStore tells it, but for the group log. This station has no table of the archive

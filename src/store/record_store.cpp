@@ -11,6 +11,8 @@ Code RecordStore::VmxCreate(const std::string& stem, int keyLength, const std::s
   return LastArchiveResult = impl_->noted(impl_->create(stem, keyLength, format));
 }
 
+bool RecordStore::isOpenElsewhere(const std::string& stem) { return impl_->isOpenElsewhere(stem); }
+
 Code RecordStore::VmxKill(const std::string& stem) {
   return LastArchiveResult = impl_->noted(impl_->kill(stem));
 }

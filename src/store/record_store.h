@@ -93,6 +93,8 @@ class RecordStore {
   // made.
   Code VmxCreate(const std::string& stem, int keyLength, const std::string& format);
   Code VmxKill(const std::string& stem);  // removes the three files (and what stood beside them)
+  // Whether another station has the archive open. Not to be asked of one that has a handle here.
+  bool isOpenElsewhere(const std::string& stem);
   // Copies archives of one company, each to a stem where nothing stands: all of them as they are between the
   // same two groups of any station, which wait meanwhile. The result of each copy, as of VmxCreate; one that
   // fails leaves nothing behind and stops none of the others.

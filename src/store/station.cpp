@@ -132,6 +132,12 @@ Code RecordStore::Impl::kill(const std::string& stem) {
   return engine->kill(stem);
 }
 
+bool RecordStore::Impl::isOpenElsewhere(const std::string& stem) {
+  Member& member = memberOf(stem);
+  if (!member.handles && !member.overlay) member.table.reset();  // kept for the next opening
+  return engine->isOpenElsewhere(stem);
+}
+
 Code RecordStore::Impl::get(Handle handle, int index, Get mode, std::string_view key, Found& found) {
   OpenArchive* archive = nullptr;
   if (const Code code = reach(handle, archive)) return code;

@@ -62,6 +62,7 @@ struct RecordStore::Impl {
   Code open(const std::string& stem, Handle& handle);
   Code close(Handle handle);
   Code kill(const std::string& stem);
+  bool isOpenElsewhere(const std::string& stem);
   Code copyAll(const std::vector<ArchiveCopy>& copies, std::vector<Code>& results);
   Code get(Handle handle, int index, Get mode, std::string_view key, Found& found);
   Code put(Handle handle, std::string_view primaryKey, std::string_view record, Put mode);

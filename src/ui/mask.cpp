@@ -225,7 +225,18 @@ bool Mask::isBlank(std::string_view text) const {
   return true;
 }
 
+// A year of which two digits were typed over the mask's own four: those below 50 are of this century.
+std::string Mask::wholeYear(std::string_view text) const {
+  std::string date(text);
+  const bool isDate = keys_.size() == 10 && keys_[2] == '/' && keys_[5] == '/' && text.size() == keys_.size();
+  if (!isDate || !isDigit(date[6]) || !isDigit(date[7]) || text.substr(8) != keys_.substr(8)) return date;
+  const std::string century = date.substr(6, 2);
+  if (century == "19" || century == "20") return date;
+  return date.substr(0, 6) + (century < "50" ? "20" : "19") + century;
+}
+
 std::string Mask::atRest(std::string_view text) const {
+  if (kind_ == Kind::pattern) return wholeYear(text);
   const bool number = kind_ == Kind::amount || kind_ == Kind::integer;
   if (number && std::none_of(text.begin(), text.end(), isDigit)) return {};
   if (kind_ != Kind::amount) return std::string(text);

@@ -61,6 +61,7 @@ class Mask {
   bool typeOneOf(Edit& edit, std::string_view key) const;
   bool typeAmount(Edit& edit, char key) const;
   bool takesDigit(std::size_t at) const;
+  std::string wholeYear(std::string_view text) const;
   bool fits(std::string_view amount) const;
   void insert(Edit& edit, std::string_view key) const;
 

@@ -280,6 +280,30 @@ TEST_CASE("cancella asks for company, year and confirmation, and frees the slot 
   CHECK(desk.boxes.empty());
 }
 
+TEST_CASE("cancella removes nothing while another station works there") {
+  Books books;
+  auto& desk = books.station.desk;
+  desk.modal["cancell1"] = [](ui::Form& form) { Hands(form).press("si"); };
+  desk.modal["cancella"] = [](ui::Form& form) {
+    Hands hands(form);
+    hands.pick("Combo1", "Verdi");
+    hands.pick("Combo2", "2003");
+    hands.press("ok");
+  };
+  const std::string journal = books.session.stem("mc", "2003", "AE") + ".ISD";
+  {
+    Station other(books.directory.path());
+    REQUIRE(other.start(test::choose("Verdi", "2003")));
+    books.station.frame.choose("m7c");
+    CHECK(desk.box() == "Attenzione|Gli archivi sono in uso su un'altra postazione");
+    CHECK(std::filesystem::exists(journal));
+    CHECK(other.session.pc.search(0, "00001") == store::kOk);
+  }
+  books.station.frame.choose("m7c");
+  CHECK(desk.boxes.empty());
+  CHECK_FALSE(std::filesystem::exists(journal));
+}
+
 TEST_CASE("cancella of the open year leaves the session to SCELTA, of a name without years frees its slot") {
   Books books;
   auto& desk = books.station.desk;

@@ -148,6 +148,26 @@ TEST_CASE("a date is typed over its blank") {
   CHECK(edit.text == "7_/__/2003");
 }
 
+TEST_CASE("a year of two digits is made whole when the field is left") {
+  struct Case {
+    const char *blank, *typed, *atRest;
+  };
+  for (const Case& one : {Case{"__/__/2003", "15/1/03", "15/01/2003"},
+                          {"__/__/2003", "15/1/04", "15/01/2004"},
+                          {"__/__/2003", "15/1", "15/1_/2003"},
+                          {"__/__/2003", "15/01/1999", "15/01/1999"},
+                          {"__/__/____", "15/3/65", "15/03/1965"},
+                          {"__/__/____", "15/3/2065", "15/03/2065"},
+                          {"__/__/____", "15/3", "15/3_/____"},
+                          {"__/__/____", "", "__/__/____"}}) {
+    CAPTURE(one.typed);
+    const Mask mask = Mask::pattern(one.blank);
+    Edit edit;
+    mask.enter(edit, one.typed);
+    CHECK(mask.atRest(edit.text) == one.atRest);
+  }
+}
+
 TEST_CASE("any bytes may be entered, in time linear in their length") {
   CHECK(entered(Mask::text(9),
                 "a\x01"

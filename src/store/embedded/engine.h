@@ -43,6 +43,7 @@ class EmbeddedEngine final : public Engine {
   Code copy(const std::string& from, const std::string& to) override;
   Code kill(const std::string& stem) override { return Family(stem).remove(); }
   bool exists(const std::string& stem) const override { return Family(stem).isWhole(); }
+  bool isOpenElsewhere(const std::string& stem) override;
   Code open(const std::string& stem, std::unique_ptr<Table>& table) override;
 
   Code checkJournal(const std::string& stem) override;

@@ -297,6 +297,13 @@ Code EmbeddedEngine::enterAlone(const Family& family, LockFile& use) {
   return alone == kNotFound ? kSystem : alone;
 }
 
+bool EmbeddedEngine::isOpenElsewhere(const std::string& stem) {
+  const Family family(stem);
+  LockFile use;
+  return use.open(family.descriptor) == kOk && lockMaking(use) == kOk &&
+         use.tryExclusive(kUseByte) == kNotFound;
+}
+
 Code EmbeddedEngine::checkJournal(const std::string& stem) {
   const Family family(stem);
   LockFile use;
