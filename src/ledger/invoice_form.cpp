@@ -88,6 +88,7 @@ class InvoiceForm : public ui::Form {
   bool moveToFreeNumber(bool& agreed);
 
   ui::Field& numberField() { return protocol_ ? *protocol_ : text2; }
+  bool isOwn(std::string_view number) const;
   bool isTaken(std::string_view number) const;
   InvoiceDocument document() const;
   double rowsTotal() const;
@@ -346,7 +347,8 @@ bool InvoiceForm::numberGiven() {
   // Of sales by the number alone: it is unique across the registers on this screen.
   const bool taken = isReceipt()
                          ? isTaken(text2.text())
-                         : isSalesNumberTaken(session_, registerNumber(text2.text()), revision_.document());
+                         : !isOwn(text2.text()) && isSalesNumberTaken(session_, registerNumber(text2.text()),
+                                                                      revision_.document());
   return !taken || refuse(text2, words_.taken);
 }
 
@@ -435,8 +437,15 @@ bool InvoiceForm::moveToFreeNumber(bool& agreed) {
   return refuse(field, words_.taken);
 }
 
+// The entry's own number is free for it, whatever else was put under it in the register.
+bool InvoiceForm::isOwn(std::string_view number) const {
+  const auto document = revision_.document();
+  return document && document->chiavereg == registro.text() + registerNumber(number);
+}
+
 bool InvoiceForm::isTaken(std::string_view number) const {
-  return isNumberTaken(session_, kind_.side, registro.text() + registerNumber(number), revision_.document());
+  return !isOwn(number) && isNumberTaken(session_, kind_.side, registro.text() + registerNumber(number),
+                                         revision_.document());
 }
 
 InvoiceDocument InvoiceForm::document() const {

@@ -101,9 +101,11 @@ void writeVatRow(Session& session, Archive<R>& archive) {
   archive.flush();
 }
 
-bool isTaken(Session& session, const Entry& entry) {
+// `kept` is the number that the replaced entry had: what else stands under it does not keep it from its own.
+bool isTaken(Session& session, const Entry& entry, std::string_view kept) {
   const auto taken = [&](VatSide side, const auto& rows) {
-    return !rows.empty() && isNumberTaken(session, side, rows.front().chiavereg);
+    return !rows.empty() && rows.front().chiavereg != kept &&
+           isNumberTaken(session, side, rows.front().chiavereg);
   };
   return taken(VatSide::sales, entry.sales) || taken(VatSide::purchases, entry.purchases) ||
          taken(VatSide::receipts, entry.receipts);
@@ -210,12 +212,14 @@ Posted postEntry(Session& session, const Entry& entry, const PostingOptions& opt
   store::Group group(session.store, session.groupLog(), kMc, 1507);
   session.pr.spinLock("mc");
   std::vector<DueDate> replaced;
+  std::string kept;
   if (!options.replaces.empty()) {
     const auto old = readEntry(session, options.replaces);
     if (!old) return Posted::gone;
     replaced = takeBack(session, *old);
+    if (const auto document = vatDocumentOf(old->lines.front())) kept = document->chiavereg;
   }
-  if (isTaken(session, entry)) return Posted::taken;
+  if (isTaken(session, entry, kept)) return Posted::taken;
   writeEntry(session, entry);
   if (!entry.counter.name.empty()) keepNumber(session, entry.counter);
   writeDueDates(session, options.dues, std::move(replaced));

@@ -169,6 +169,24 @@ TEST_CASE("no document has the voices of the VAT among its contropartite") {
   CHECK(at.hands.focus() == "controp(1)");
 }
 
+TEST_CASE("a row put under its number by hand keeps no entry from its revision") {
+  Books books;
+  postInvoice(books);
+  {
+    OpenArchive<rec::iv> iv(books.session(), 1, 2);
+    REQUIRE(iv->search(0, " 1") == store::kOk);
+    iv->A = iv->B;
+    iv->A.conto = "00099";
+    iv->put(" 77", store::Put::add);
+  }
+  At at = test::revise(books, "mcfv2", "1");
+  at.hands.set("text4", "Vendita di gennaio");
+  at.hands.press("Registra");
+  CHECK(books.desk().boxes.empty());
+  CHECK(!at.form->isOpen());
+  CHECK(books.all<rec::iv>().size() == 2);
+}
+
 TEST_CASE("an entry is not revised with a VAT code that is gone") {
   Books books;
   postInvoice(books);
